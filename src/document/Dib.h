@@ -1,0 +1,38 @@
+// The intensities on their way out: display colours, the block that views and printers take, and
+// the BMP file. The stretch is one of colours only, the intensities stay as they are.
+#pragma once
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "document/ImageBuffer.h"
+#include "platform/Device.h"
+
+namespace morvane {
+
+// The display colour of each intensity: a grey or red ramp; with Stretch spread over the range of
+// the values in Data, black not counted.
+std::array<Color, 256> BuildDisplayPalette(
+    bool Red, bool Stretch, std::span<const std::uint8_t> Data);
+
+inline constexpr std::size_t DibInfoSize = 40; // the header of a DIB
+inline constexpr std::size_t DibHeaderSize = 1064; // with the 256 colours behind it
+
+// The bytes of a row with its padding.
+constexpr std::size_t AlignToDword(std::size_t Bytes)
+{
+    return (Bytes + 3) / 4 * 4;
+}
+
+// The intensities as a DIB: header, colours, rows bottom-up from DibHeaderSize. Stretch counts the
+// bytes of header and colours among the values, so it changes next to nothing here. Empty if Source
+// has no picture or memory does not suffice.
+std::vector<std::uint8_t> DibFromBuffer(const ImageBuffer& Source, bool Red, bool Stretch);
+
+// The whole of a BMP file of the intensities with a grey ramp; empty without a picture.
+std::string BmpFromBuffer(const ImageBuffer& Source);
+
+} // namespace morvane

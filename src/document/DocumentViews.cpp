@@ -1,0 +1,126 @@
+// A document's windows: made when first needed, filled when an analysis has finished.
+#include "document/DocumentTexts.h"
+#include "document/clsDocument.h"
+
+namespace morvane {
+
+DocumentWindow* clsDocument::View(ViewType Kind) const
+{
+    switch (Kind) {
+    case ViewType::Interferogram:
+        return m_imageView.get();
+    case ViewType::Aberrations:
+        return m_aberrationsView.get();
+    case ViewType::Zernikes:
+        return m_zernikesView.get();
+    }
+    return nullptr;
+}
+
+bool clsDocument::CreateImageView()
+{
+    m_imageView = m_host.Windows().CreateImageWindow(*this);
+    return m_imageView != nullptr;
+}
+
+bool clsDocument::CreateOutputViews()
+{
+    DocumentWindowFactory& windows = m_host.Windows();
+    m_aberrationsView = windows.CreateTextWindow(*this, ViewType::Aberrations);
+    m_zernikesView = windows.CreateTextWindow(*this, ViewType::Zernikes);
+    AberrationsViewVisible = m_host.GetPreferences().AberrationsVisible;
+    ZernikesViewVisible = m_host.GetPreferences().ZernikesVisible;
+    OutputViews_LoadData();
+    return OutputViewsExist();
+}
+
+void clsDocument::CloseWindows()
+{
+    m_zernikesView.reset();
+    m_aberrationsView.reset();
+    m_imageView.reset();
+}
+
+void clsDocument::ImageView_Init()
+{
+    if (!m_imageView)
+        return;
+    const HourglassScope hourglass(m_host);
+    m_imageView->SetCaption(ShownName());
+    m_imageView->RefreshPicture();
+}
+
+void clsDocument::ImageView_Refresh()
+{
+    ImageView_Init();
+    if (m_imageView)
+        m_imageView->Repaint();
+}
+
+void clsDocument::OutputViews_UpdateVisibility(Activation How)
+{
+    if (!OutputViewsExist())
+        return;
+    const auto update = [How](DocumentWindow& window, bool visible) {
+        if (visible)
+            window.Show(How);
+        else
+            window.Hide();
+    };
+    update(*m_zernikesView, ZernikesViewVisible);
+    update(*m_aberrationsView, AberrationsViewVisible);
+}
+
+void clsDocument::OutputViews_HideAll()
+{
+    if (!OutputViewsExist())
+        return;
+    if (ZernikesViewVisible)
+        m_zernikesView->Hide();
+    if (AberrationsViewVisible)
+        m_aberrationsView->Hide();
+}
+
+void clsDocument::OutputViews_ShowNoActivate()
+{
+    if (!OutputViewsExist())
+        return;
+    if (ZernikesViewVisible)
+        m_zernikesView->Show(Activation::LeaveFocus);
+    if (AberrationsViewVisible)
+        m_aberrationsView->Show(Activation::LeaveFocus);
+}
+
+void clsDocument::OutputViews_Refresh()
+{
+    if (!OutputViewsExist())
+        return;
+    if (ZernikesViewVisible)
+        m_zernikesView->Repaint();
+    if (AberrationsViewVisible)
+        m_aberrationsView->Repaint();
+}
+
+void clsDocument::OutputViews_LoadData()
+{
+    if (!OutputViewsExist())
+        return;
+    LoadDataIntoZernikes();
+    LoadDataIntoAberrations();
+}
+
+void clsDocument::LoadDataIntoAberrations()
+{
+    m_aberrationsView->SetCaption("Aberrations - " + ShownName());
+    m_aberrationsView->SetText(
+        AberrationsText(*this), m_host.GetPreferences().ScreenText, AberrationsTabStops);
+}
+
+void clsDocument::LoadDataIntoZernikes()
+{
+    m_zernikesView->SetCaption("Zernikes - " + ShownName());
+    m_zernikesView->SetText(
+        ZernikesText(*this), m_host.GetPreferences().ScreenText, ZernikesTabStops);
+}
+
+} // namespace morvane

@@ -1,0 +1,54 @@
+// What a document asks of the windows that show it. The forms implement it, the frame makes them,
+// tests install recorders. The document owns its windows, they refer back to it.
+#pragma once
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "document/TextFont.h"
+
+namespace morvane {
+
+class clsDocument;
+
+enum class ViewType : std::int32_t { Interferogram = 1, Aberrations = 7, Zernikes = 8 };
+
+enum class Activation { TakeFocus, LeaveFocus };
+
+class DocumentWindow {
+public:
+    virtual ~DocumentWindow() = default;
+
+    virtual void SetCaption(const std::string& Caption) = 0;
+    // Neither moves nor resizes the window.
+    virtual void Show(Activation How) = 0;
+    virtual void Hide() = 0;
+    virtual void Repaint() = 0;
+};
+
+// The interferogram with aperture, obstruction and ticks over it.
+class ImageWindow : public DocumentWindow {
+public:
+    // The document's picture is another one, or there is none any more.
+    virtual void RefreshPicture() = 0;
+    // Takes the size that suits the picture.
+    virtual void ResizeWindow() = 0;
+};
+
+// A read-only text with tab stops, in quarters of the font's average character width.
+class TextWindow : public DocumentWindow {
+public:
+    virtual void SetText(
+        const std::string& Text, const TextFont& Font, std::span<const int> TabStops) = 0;
+};
+
+class DocumentWindowFactory {
+public:
+    virtual ~DocumentWindowFactory() = default;
+    // Made hidden; nullptr if the window cannot be had.
+    virtual std::unique_ptr<ImageWindow> CreateImageWindow(clsDocument& Of) = 0;
+    virtual std::unique_ptr<TextWindow> CreateTextWindow(clsDocument& Of, ViewType Kind) = 0;
+};
+
+} // namespace morvane

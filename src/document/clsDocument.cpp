@@ -1,0 +1,248 @@
+#include "document/clsDocument.h"
+
+#include <new>
+#include <stdexcept>
+
+#include "analysis/ModMathLib.h"
+#include "analysis/modFit.h"
+#include "document/DocumentTexts.h"
+#include "document/LoadPicture.h"
+
+namespace morvane {
+
+double DisplayScaleOf(DisplayUnit Unit, double InputWavelength, double OutputWavelength)
+{
+    switch (Unit) {
+    case DisplayUnit::Micrometers:
+        return InputWavelength / 1000;
+    case DisplayUnit::Microinches:
+        return InputWavelength / 1000 / 0.0254;
+    case DisplayUnit::Waves:
+        break;
+    }
+    return InputWavelength / OutputWavelength;
+}
+
+clsDocument::clsDocument(DocumentHost& Host) : m_host(Host)
+{
+    TakeSizes();
+}
+
+clsDocument::~clsDocument() = default;
+
+void clsDocument::TakeSizes()
+{
+    const Preferences& preferences = m_host.GetPreferences();
+    xSurfaceSize = ySurfaceSize = preferences.SurfaceGridSize;
+    xOrigSurfaceSize = yOrigSurfaceSize = preferences.SFringeSize;
+    ProfileSize = preferences.LineSize;
+}
+
+int clsDocument::GetIntensity(int X, int Y) const
+{
+    const RasterSize size = m_image.Size;
+    if (BlankImage || X < 0 || X >= size.Width || Y < 0 || Y >= size.Height)
+        return -1;
+    return m_image.Pixels[static_cast<std::size_t>(Y) * size.Width + X];
+}
+
+void clsDocument::TakeImageSize(RasterSize Size)
+{
+    if (m_size.Width != NoSize && m_size != Size)
+        InvalidateMask();
+    m_size = Size;
+}
+
+void clsDocument::LoadBlankImage(int Width, int Height)
+{
+    if (Width != NoSize && Height != NoSize)
+        TakeImageSize({Width, Height});
+    BlankImage = true;
+    ImageDirty = false;
+    m_image = {};
+}
+
+void clsDocument::ClearGeometry()
+{
+    Fringes.DeleteAll();
+    Aperture.SetShapeType(ShapeKind::None);
+    Obstruction.SetShapeType(ShapeKind::None);
+    m_zernikes = m_zernikeFiltered = m_refZernikes = {};
+    HasReferenceZernikes = false;
+    ReferencePath.clear();
+    m_wNotation = {};
+    m_maps = {};
+    Figures = {};
+    nDataPts = 0;
+    m_aberrationsView.reset();
+    m_zernikesView.reset();
+    InvalidateMask();
+}
+
+double clsDocument::Zernike(int Index) const
+{
+    return Index >= 1 && Index <= NumZernikes ? m_zernikes[Index - 1] : 0;
+}
+
+double clsDocument::ZernikeFiltered(int Index) const
+{
+    return Index >= 1 && Index <= NumZernikes ? m_zernikeFiltered[Index - 1] : 0;
+}
+
+double clsDocument::Kingslake(int Index) const
+{
+    return Index >= 1 && Index <= static_cast<int>(m_wNotation.size()) ? m_wNotation[Index - 1] : 0;
+}
+
+void clsDocument::SetRefZernikes(const ZernikeSet& Coefficients)
+{
+    m_refZernikes = Coefficients;
+    ReferencePath.clear();
+    HasReferenceZernikes = true;
+    AnalysisValid = false;
+}
+
+void clsDocument::InvalidateMask()
+{
+    Analysis.Mask.MaskValid = false;
+    Modified = true;
+    AnalysisValid = false;
+}
+
+bool clsDocument::AutoTraceFringes(FringeDirection Direction, FringeDensity Density)
+{
+    if (Aperture.GetShapeType() == ShapeKind::None) {
+        m_host.ShowMessage("Set aperture before automatic fringe tracing", MessageOk, "Warning");
+        return false;
+    }
+    if (BlankImage || !HasImageBuffer())
+        return false;
+    TraceOutcome outcome;
+    {
+        const HourglassScope hourglass(m_host);
+        if (!Analysis.EnsureTraceMask(m_size, Aperture, Obstruction))
+            return false;
+        outcome = AutoTrace(Fringes, Analysis.Mask, m_image.Pixels, m_size, Direction, Density);
+    }
+    AnalysisValid = false;
+    Modified = true;
+    if (m_imageView)
+        m_imageView->Repaint();
+    if (outcome == TraceOutcome::TooManyFringes)
+        m_host.ShowMessage("Too many fringes", MessageOk, "Error");
+    return Fringes.TotalNumTicks() > 0;
+}
+
+bool clsDocument::EnsureMask()
+{
+    return m_size.Width != NoSize && m_size.Height != NoSize
+        && Analysis.EnsureMask(m_size, Aperture, Obstruction, TrimEdges);
+}
+
+bool clsDocument::AllocateMaps(AnalysisMaps& Maps) const
+{
+    for (const int size :
+        {xSurfaceSize, ySurfaceSize, xOrigSurfaceSize, yOrigSurfaceSize, ProfileSize})
+        if (size <= 0)
+            return false;
+    try {
+        Maps.Surface.resize(static_cast<std::size_t>(xSurfaceSize) * ySurfaceSize, NoData);
+        Maps.Fringes.resize(static_cast<std::size_t>(xOrigSurfaceSize) * yOrigSurfaceSize, NoData);
+        Maps.ProfileX.resize(ProfileSize);
+        Maps.ProfileY.resize(ProfileSize, NoData);
+    } catch (const std::bad_alloc&) {
+        return false;
+    } catch (const std::length_error&) {
+        return false;
+    }
+    return true;
+}
+
+bool clsDocument::UpdateAnalysis(bool WithAberrations, bool TakeGlobalSizes)
+{
+    if (TakeGlobalSizes)
+        TakeSizes();
+    AnalysisMaps maps;
+    if (!AllocateMaps(maps))
+        return false;
+    Modified = true;
+    const bool fits = !AnalysisValid && !Averaged && !Combined;
+    if (fits ? !RunFit() : !EnsureMask())
+        return false;
+    AnalysisValid = true;
+    DeriveCoefficients();
+    if (fits || WithAberrations)
+        EvalAberrations(m_zernikeFiltered, Analysis.Mask.View(), Analysis.Frame, 100, 100, Figures);
+    FillMaps(maps);
+    m_maps = std::move(maps);
+    OutputViews_LoadData();
+    return true;
+}
+
+bool clsDocument::RunFit()
+{
+    const int count = Fringes.TotalNumTicks();
+    if (count == 0) {
+        m_host.ShowMessage("No fringe centers to analyze", MessageOk, "Warning");
+        return false;
+    }
+    try {
+        std::vector<double> x, y, z;
+        for (std::vector<double>* values : {&x, &y, &z})
+            values->reserve(count);
+        for (int index = 1; index <= Fringes.NumFringes(); ++index) {
+            const double order = Fringes.GetFringeOrder(index);
+            for (const Point& tick : Fringes.Ticks(index)) {
+                x.push_back(tick.X);
+                y.push_back(tick.Y);
+                z.push_back(InvertWavefront ? -order : order);
+            }
+        }
+        if (!EnsureMask())
+            return false;
+        nDataPts = FitFringeCenters(
+            {x, y, z}, Analysis.Mask.View(), Analysis.Frame, NumZernikeToFit, m_zernikes);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    // Coefficients that are still the old ones are without the reference already.
+    if (HasReferenceZernikes && CanFit(count, Analysis.Mask.View()))
+        for (int i = 0; i < NumZernikes; ++i)
+            m_zernikes[i] -= m_refZernikes[i];
+    return true;
+}
+
+void clsDocument::DeriveCoefficients()
+{
+    for (int i = 0; i < NumZernikes; ++i)
+        m_zernikeFiltered[i] = m_zernikes[i] * ZScale;
+    Remove(Removed, m_zernikeFiltered);
+    m_wNotation = AToW(m_zernikeFiltered);
+}
+
+void clsDocument::FillMaps(AnalysisMaps& Maps) const
+{
+    const MaskView mask = Analysis.Mask.View();
+    const Pupil& frame = Analysis.Frame;
+    EvalSurface(m_zernikeFiltered, mask, frame, xSurfaceSize, ySurfaceSize, MapContent::Wavefront,
+        Maps.Surface);
+    EvalSurface(m_zernikes, mask, frame, xOrigSurfaceSize, yOrigSurfaceSize, MapContent::Fringes,
+        Maps.Fringes);
+    EvalProfile(m_zernikeFiltered, mask, frame,
+        m_host.GetPreferences().LineAngle / DegreesPerRadian, Maps.ProfileX, Maps.ProfileY);
+    for (std::vector<double>* scaled : {&Maps.Surface, &Maps.ProfileY})
+        for (double& value : *scaled)
+            if (value != NoData)
+                value *= DisplayScale;
+}
+
+std::vector<double> clsDocument::GetSurfaceMap()
+{
+    std::vector<double> map(SurfaceMapSize * SurfaceMapSize, NoData);
+    if (EnsureMask())
+        EvalSurface(m_zernikeFiltered, Analysis.Mask.View(), Analysis.Frame, SurfaceMapSize,
+            SurfaceMapSize, MapContent::Wavefront, map);
+    return map;
+}
+
+} // namespace morvane

@@ -1,0 +1,121 @@
+// The block of a document file that holds the fringes.
+#include <string_view>
+
+#include "document/clsParser.h"
+#include "geometry/clsFringes.h"
+#include "platform/Numbers.h"
+
+namespace morvane {
+
+namespace {
+
+void AppendCount(std::string& text, std::string_view keyword, int value)
+{
+    text.append(keyword);
+    AppendWholeField(text, value);
+    text.append("\r\n");
+}
+
+} // namespace
+
+void clsFringes::SaveToFile(std::string& Text) const
+{
+    Text.append("Fringes\r\n");
+    AppendCount(Text, "NumFringes,", m_numFringes);
+    for (int index = 1; index <= m_numFringes; ++index) {
+        AppendCount(Text, "Order,", m_orders[index]);
+        AppendCount(Text, "NumTicks,", m_numTicks[index]);
+        for (const Point& tick : Ticks(index)) {
+            Text.append("Center,");
+            AppendNumberField(Text, tick.X);
+            Text.append(",");
+            AppendNumberField(Text, tick.Y);
+            Text.append("\r\n");
+        }
+    }
+    Text.append("EndFringes\r\n");
+}
+
+// Reads keyword groups, of which a line may hold several, until one of them ends the reading.
+class clsFringes::BlockReader {
+public:
+    BlockReader(clsFringes& fringes, clsParser& parser) : m_fringes(fringes), m_parser(parser) { }
+
+    // False where the reading stops.
+    bool ReadGroup(std::string_view keyword)
+    {
+        if (keyword == "numfringes")
+            return ReadNumFringes();
+        if (keyword == "order")
+            return ReadOrder();
+        if (keyword == "numticks")
+            return ReadNumTicks();
+        if (keyword == "center")
+            ReadCenter();
+        else
+            m_parser.SkipLine();
+        return keyword != "endfringes";
+    }
+
+private:
+    bool ReadNumFringes()
+    {
+        const int count = m_parser.GetLong();
+        const bool fits = count >= 0 && count <= MaxFringes;
+        m_fringes.m_numFringes = fits ? count : 0;
+        return fits;
+    }
+
+    bool ReadOrder()
+    {
+        m_tick = 0;
+        if (++m_index > MaxFringes)
+            return false;
+        const int order = m_parser.GetLong();
+        const bool fits = order >= 1 && order <= MaxFringes;
+        m_fringes.m_orders[m_index] = fits ? order : NoFringe;
+        return fits;
+    }
+
+    bool ReadNumTicks()
+    {
+        const int count = m_parser.GetLong();
+        if (m_index == 0)
+            return true;
+        const bool fits = count >= 0 && count <= MaxTicks;
+        if (fits)
+            m_fringes.m_numTicks[m_index] = count;
+        else
+            m_fringes.m_orders[m_index] = NoFringe;
+        return fits;
+    }
+
+    void ReadCenter()
+    {
+        if (m_tick == MaxTicks) {
+            m_parser.SkipLine();
+            return;
+        }
+        ++m_tick;
+        const double x = m_parser.GetNumber();
+        const double y = m_parser.GetNumber();
+        if (m_index > 0)
+            m_fringes.m_ticks[TickPlace(m_index, m_tick)] = {x, y};
+    }
+
+    clsFringes& m_fringes;
+    clsParser& m_parser;
+    int m_index = 0, m_tick = 0; // the last ones begun
+};
+
+void clsFringes::LoadFromFile(clsParser& Parser)
+{
+    BlockReader reader(*this, Parser);
+    while (Parser.ReadLine())
+        for (std::string keyword = Parser.GetKeyword(); !keyword.empty();
+             keyword = Parser.GetKeyword())
+            if (!reader.ReadGroup(keyword))
+                return;
+}
+
+} // namespace morvane

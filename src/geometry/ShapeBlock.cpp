@@ -1,0 +1,95 @@
+// The block of a document file that holds a shape.
+#include <algorithm>
+
+#include "document/clsParser.h"
+#include "geometry/clsShape.h"
+#include "platform/Numbers.h"
+
+namespace morvane {
+
+namespace {
+
+void AppendLine(std::string& text, std::string_view keyword, int value)
+{
+    text.append(keyword);
+    AppendWholeField(text, value);
+    text.append("\r\n");
+}
+
+void AppendLine(std::string& text, std::string_view keyword, double value)
+{
+    text.append(keyword);
+    AppendNumberField(text, value);
+    text.append("\r\n");
+}
+
+void AppendLine(std::string& text, std::string_view keyword, Point value)
+{
+    text.append(keyword);
+    AppendNumberField(text, value.X);
+    AppendLine(text, ",", value.Y);
+}
+
+Point ReadPoint(clsParser& parser)
+{
+    const double x = parser.GetNumber();
+    const double y = parser.GetNumber();
+    return {x, y};
+}
+
+ShapeKind ReadShapeKind(clsParser& parser)
+{
+    const auto type = ShapeKind{parser.GetLong()};
+    return type > ShapeKind::None && type <= ShapeKind::Polygon ? type : ShapeKind::None;
+}
+
+} // namespace
+
+void clsShape::SaveToFile(std::string& Text) const
+{
+    if (m_role != ShapeRole::Aperture && m_role != ShapeRole::Obstruction)
+        return;
+    Text.append(m_role == ShapeRole::Aperture ? "Aperture\r\n" : "Obstruction\r\n");
+    AppendLine(Text, "ShapeType,", static_cast<int>(m_type));
+    AppendLine(Text, "Center,", m_center);
+    AppendLine(Text, "RadiusX,", m_radii.X);
+    AppendLine(Text, "RadiusY,", m_radii.Y);
+    AppendLine(Text, "Angle,", m_angle);
+    AppendLine(Text, "NumVertices,", m_numVertices);
+    for (const Point& vertex : std::span(m_vertices).first(static_cast<std::size_t>(m_numVertices)))
+        AppendLine(Text, "Vertex,", vertex);
+    Text.append("EndShape\r\n");
+}
+
+void clsShape::LoadFromFile(clsParser& Parser)
+{
+    int numRead = 0;
+    while (Parser.ReadLine())
+        for (std::string keyword = Parser.GetKeyword(); !keyword.empty();
+             keyword = Parser.GetKeyword())
+            if (!LoadGroup(Parser, keyword, numRead))
+                return;
+}
+
+bool clsShape::LoadGroup(clsParser& Parser, std::string_view Keyword, int& NumRead)
+{
+    if (Keyword == "shapetype")
+        m_type = ReadShapeKind(Parser);
+    else if (Keyword == "center")
+        m_center = ReadPoint(Parser);
+    else if (Keyword == "radiusx")
+        m_radii.X = Parser.GetNumber();
+    else if (Keyword == "radiusy")
+        m_radii.Y = Parser.GetNumber();
+    else if (Keyword == "angle")
+        m_angle = Parser.GetNumber();
+    else if (Keyword == "numvertices")
+        m_numVertices = std::clamp(Parser.GetLong(), 0, MaxVertices);
+    else if (Keyword == "vertex" && NumRead < MaxVertices)
+        m_vertices[static_cast<std::size_t>(NumRead++)] = ReadPoint(Parser);
+    else
+        Parser.SkipLine();
+    return Keyword != "endshape";
+}
+
+} // namespace morvane

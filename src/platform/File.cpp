@@ -1,0 +1,207 @@
+#include "platform/File.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace morvane {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+FileResult Failure(int error)
+{
+    return {std::generic_category().message(error)};
+}
+
+FileResult LastFailure()
+{
+    return Failure(errno);
+}
+
+class FileDescriptor {
+public:
+    FileDescriptor(const std::string& path, int flags, mode_t mode = 0)
+        : m_handle(open(path.c_str(), flags | O_CLOEXEC, mode))
+    {
+    }
+    ~FileDescriptor() { Close(); }
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+
+    bool IsOpen() const { return m_handle >= 0; }
+    int Get() const { return m_handle; }
+    // False if the system could not keep what was written.
+    bool Close()
+    {
+        const int handle = std::exchange(m_handle, -1);
+        return handle < 0 || close(handle) == 0;
+    }
+
+private:
+    int m_handle;
+};
+
+FileResult OnlyRegular(const struct stat& status)
+{
+    if (S_ISREG(status.st_mode))
+        return {};
+    return S_ISDIR(status.st_mode) ? Failure(EISDIR) : FileResult{"Not a regular file"};
+}
+
+// Reads until the buffer is full or the file ends; negative on a read error.
+ssize_t ReadFully(int handle, std::span<std::uint8_t> buffer)
+{
+    std::size_t filled = 0;
+    while (filled < buffer.size()) {
+        const ssize_t count = read(handle, buffer.data() + filled, buffer.size() - filled);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return count;
+        if (count == 0)
+            break;
+        filled += static_cast<std::size_t>(count);
+    }
+    return static_cast<ssize_t>(filled);
+}
+
+bool WriteFully(int handle, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t count = write(handle, bytes.data(), bytes.size());
+        if (count < 0 && errno != EINTR)
+            return false;
+        if (count > 0)
+            bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+// The file that a chain of symbolic links ends at, whether it exists or not.
+fs::path FollowLinks(fs::path path)
+{
+    constexpr int longestChain = 40; // as the kernel has it
+    std::error_code error;
+    for (int i = 0; i < longestChain && fs::is_symlink(path, error); ++i)
+        path = path.parent_path() / fs::read_symlink(path, error);
+    return path;
+}
+
+// A name beside the target that no file has had in this process.
+std::string TemporaryName(const fs::path& folder)
+{
+    static std::atomic<unsigned> counter = 0;
+    return folder / (".morvane-" + std::to_string(getpid()) + "-" + std::to_string(++counter));
+}
+
+// Permissions come before the bytes, so that nobody reads what the old file kept from them.
+FileResult FillFile(FileDescriptor& file, const struct stat* replaced, std::string_view bytes)
+{
+    constexpr mode_t permissionBits = 07777;
+    if (replaced != nullptr && fchmod(file.Get(), replaced->st_mode & permissionBits) != 0)
+        return LastFailure();
+    if (!WriteFully(file.Get(), bytes) || fsync(file.Get()) != 0 || !file.Close())
+        return LastFailure();
+    return {};
+}
+
+FileResult ReplaceFile(const fs::path& target, const struct stat* replaced, std::string_view bytes)
+{
+    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    const std::string temporary = TemporaryName(folder);
+    FileDescriptor file(temporary, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    if (!file.IsOpen())
+        return LastFailure();
+    FileResult result = FillFile(file, replaced, bytes);
+    if (result && rename(temporary.c_str(), target.c_str()) != 0)
+        result = LastFailure();
+    if (!result) {
+        unlink(temporary.c_str());
+        return result;
+    }
+    // The new file is in place; a folder that cannot be synced changes nothing about that.
+    const FileDescriptor entries(folder, O_RDONLY | O_DIRECTORY);
+    if (entries.IsOpen())
+        fsync(entries.Get());
+    return result;
+}
+
+} // namespace
+
+LineReader::LineReader(const std::string& Path)
+{
+    std::error_code error; // a pipe or a terminal would wait for somebody to write
+    if (fs::is_regular_file(Path, error))
+        m_stream.open(Path, std::ios::binary);
+}
+
+bool LineReader::ReadLine(std::string& Line)
+{
+    using Traits = std::ifstream::traits_type;
+    Line.clear();
+    if (!m_stream.is_open())
+        return false;
+    try {
+        std::filebuf& buffer = *m_stream.rdbuf();
+        Traits::int_type next = buffer.sbumpc();
+        if (Traits::eq_int_type(next, Traits::eof()))
+            return false;
+        for (; next != '\n' && !Traits::eq_int_type(next, Traits::eof()); next = buffer.sbumpc())
+            if (Line.size() < MaxLineLength)
+                Line += Traits::to_char_type(next);
+    } catch (const std::exception&) { // the buffer throws on a read error
+        Line.clear();
+        return false;
+    }
+    if (Line.ends_with('\r'))
+        Line.pop_back();
+    return true;
+}
+
+FileResult ReadWholeFile(
+    const std::string& Path, std::uint64_t MaxBytes, std::vector<std::uint8_t>& Bytes)
+{
+    Bytes.clear();
+    const FileDescriptor file(Path, O_RDONLY | O_NONBLOCK); // a pipe must not wait for a writer
+    struct stat status { };
+    if (!file.IsOpen() || fstat(file.Get(), &status) != 0)
+        return LastFailure();
+    if (FileResult result = OnlyRegular(status); !result)
+        return result;
+    if (static_cast<std::uint64_t>(status.st_size) > MaxBytes)
+        return Failure(EFBIG);
+    try {
+        Bytes.resize(static_cast<std::size_t>(status.st_size));
+    } catch (const std::exception&) { // no memory, or more than a vector can hold
+        return Failure(ENOMEM);
+    }
+    const ssize_t count = ReadFully(file.Get(), Bytes);
+    const int error = errno;
+    Bytes.resize(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    return count < 0 ? Failure(error) : FileResult{};
+}
+
+FileResult WriteWholeFile(const std::string& Path, std::string_view Bytes)
+{
+    const fs::path target = FollowLinks(Path);
+    struct stat existing { };
+    if (stat(target.c_str(), &existing) != 0)
+        return errno == ENOENT ? ReplaceFile(target, nullptr, Bytes) : LastFailure();
+    if (FileResult result = OnlyRegular(existing); !result)
+        return result;
+    // Renaming would get round the write protection of the file itself.
+    if (access(target.c_str(), W_OK) != 0)
+        return LastFailure();
+    return ReplaceFile(target, &existing, Bytes);
+}
+
+} // namespace morvane

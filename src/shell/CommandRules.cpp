@@ -1,0 +1,30 @@
+#include "shell/CommandRules.h"
+
+#include "shell/modMain.h"
+
+namespace morvane {
+
+CommandState StateOf(const Session& Of)
+{
+    CommandState state{.AnyDocument = Of.NumOpenDocuments() > 0};
+    if (const clsDocument* active = Of.Active(); active && active->OutputViewsExist()) {
+        state.OutputViewsExist = true;
+        state.AberrationsVisible = active->AberrationsViewVisible;
+        state.ZernikesVisible = active->ZernikesViewVisible;
+    }
+    return state;
+}
+
+CommandRules RulesFor(const CommandState& State)
+{
+    const bool any = State.AnyDocument, views = State.OutputViewsExist;
+    return {.Close = any,
+        .Trace = any,
+        .Analyze = any,
+        .Arrange = any,
+        .Views = views,
+        .AberrationsChecked = views && State.AberrationsVisible,
+        .ZernikesChecked = views && State.ZernikesVisible};
+}
+
+} // namespace morvane

@@ -1,0 +1,135 @@
+#include "shell/modFileLib.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+
+#include "analysis/modSurface.h"
+#include "document/clsDocument.h"
+#include "platform/Numbers.h"
+
+namespace morvane {
+namespace {
+
+std::string LowerCase(std::string_view Text)
+{
+    std::string lower(Text);
+    std::transform(lower.begin(), lower.end(), lower.begin(),
+        [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return lower;
+}
+
+// Blanks, commas and line ends separate the numbers of a coefficient file; each must be one.
+std::optional<ZernikeSet> ReadCoefficientFile(LineReader& Lines)
+{
+    constexpr std::string_view separators = " ,\t";
+    ZernikeSet coefficients{};
+    int count = 0;
+    std::string line;
+    while (count < NumZernikes && Lines.ReadLine(line)) {
+        std::size_t start = line.find_first_not_of(separators);
+        while (count < NumZernikes && start != std::string::npos) {
+            const std::size_t end = std::min(line.find_first_of(separators, start), line.size());
+            const std::string token = line.substr(start, end - start);
+            if (!IsNumeric(token))
+                return std::nullopt;
+            coefficients[count++] = LeadingNumber(token);
+            start = line.find_first_not_of(separators, end);
+        }
+    }
+    return count == NumZernikes ? std::optional(coefficients) : std::nullopt;
+}
+
+// The first line of a document that begins with "Zernikes": each comma starts a number.
+std::optional<ZernikeSet> ReadDocumentCoefficients(LineReader& Lines)
+{
+    constexpr std::string_view key = "zernikes";
+    std::string line;
+    while (Lines.ReadLine(line)) {
+        if (LowerCase(std::string_view(line).substr(0, key.size())) != key)
+            continue;
+        ZernikeSet coefficients{};
+        int count = 0;
+        for (std::size_t comma = line.find(',', key.size()); comma != std::string::npos;
+             comma = line.find(',', comma + 1)) {
+            if (count < NumZernikes)
+                coefficients[count] = LeadingNumber(std::string_view(line).substr(comma + 1));
+            ++count;
+        }
+        return count >= NumZernikes ? std::optional(coefficients) : std::nullopt;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::string FileExtension(std::string_view Path)
+{
+    const std::size_t point = Path.rfind('.');
+    return point == std::string_view::npos ? "" : LowerCase(Path.substr(point + 1));
+}
+
+std::string FileTitle(std::string_view Path, bool StripExtension)
+{
+    const std::size_t separator = Path.rfind('/');
+    std::string_view title =
+        separator == std::string_view::npos ? Path : Path.substr(separator + 1);
+    if (StripExtension)
+        title = title.substr(0, title.rfind('.'));
+    return std::string(title);
+}
+
+std::string FileDirectory(std::string_view Path)
+{
+    const std::size_t separator = Path.rfind('/');
+    return std::string(separator == std::string_view::npos ? "" : Path.substr(0, separator));
+}
+
+bool IsPictureExtension(std::string_view Extension)
+{
+    return Extension == "jpg" || Extension == "bmp" || Extension == "rle";
+}
+
+bool FileExistsAt(const std::string& Path)
+{
+    std::error_code error;
+    const auto status = std::filesystem::status(Path, error);
+    return !error && std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+}
+
+std::string AbsolutePath(const std::string& Path)
+{
+    std::string path = Path;
+    if (!FileExistsAt(path))
+        std::replace(path.begin(), path.end(), '\\', '/');
+    std::error_code error;
+    const auto absolute = std::filesystem::absolute(path, error);
+    if (error || path.empty())
+        return path;
+    // Behind a link, ".." is not the folder that the text shows.
+    const bool hasUp = std::ranges::find(absolute, "..") != absolute.end();
+    return hasUp ? absolute.string() : absolute.lexically_normal().string();
+}
+
+std::optional<ZernikeSet> LoadReferenceFile(const std::string& Path)
+{
+    if (!FileExistsAt(Path))
+        return std::nullopt;
+    LineReader lines(Path);
+    if (!lines.IsOpen())
+        return std::nullopt;
+    return FileExtension(Path) == "zrn" ? ReadCoefficientFile(lines)
+                                        : ReadDocumentCoefficients(lines);
+}
+
+FileResult WriteMap(clsDocument& Of, const std::string& Path)
+{
+    return WriteWholeFile(Path, MapText(Of.GetSurfaceMap(), clsDocument::SurfaceMapSize));
+}
+
+FileResult WriteZernikes(const clsDocument& Of, const std::string& Path)
+{
+    return WriteWholeFile(Path, ZernikesText(Of.GetZernikes()));
+}
+
+} // namespace morvane

@@ -1,0 +1,250 @@
+#include "shell/modMain.h"
+
+#include "shell/modFileLib.h"
+
+namespace morvane {
+namespace {
+
+// Refuses for a user who is not there: nothing is replaced, erased or retried.
+class CarefulAnswerer final : public MessageAnswerer {
+public:
+    MessageAnswer Answer(const Message& Asked) override
+    {
+        switch (Asked.Flags & 7) {
+        case MessageAbortRetryIgnore:
+            return MessageAnswer::Abort;
+        case MessageYesNoCancel:
+            return MessageAnswer::Cancel;
+        case MessageYesNo:
+            return MessageAnswer::No;
+        default:
+            return MessageAnswer::Ok;
+        }
+    }
+};
+
+} // namespace
+
+Session::Session(MessageAnswerer& Answerer, MainFrame& Frame)
+    : m_answerer(&Answerer), m_frame(Frame)
+{
+}
+
+Session::~Session()
+{
+    CloseAllDocuments();
+}
+
+std::shared_ptr<clsDocument> Session::NewDocument()
+{
+    auto document = std::make_shared<clsDocument>(*this);
+    if (!RegisterDocument(document))
+        return nullptr;
+    ++m_numOpenDocuments;
+    return document;
+}
+
+bool Session::RegisterDocument(const std::shared_ptr<clsDocument>& Registered)
+{
+    for (int slot = 1; slot <= MaxDocuments; ++slot) {
+        if (m_documents[slot])
+            continue;
+        m_documents[slot] = Registered;
+        Registered->DocNumber = slot;
+        return true;
+    }
+    ShowMessage("Too many open documents", MessageOk, "Error");
+    return false;
+}
+
+void Session::CloseDocument(clsDocument& Closed)
+{
+    const int slot = Closed.DocNumber;
+    if (Document(slot) != &Closed)
+        return;
+    const bool isShown = m_activeDocument == slot || m_numOpenDocuments == 1;
+    if (isShown && Prefs.HogWindows && Closed.OutputViewsExist())
+        TakeVisibility(Closed);
+    // Its windows go last: they may bring another document to the front.
+    const std::shared_ptr<clsDocument> released = std::move(m_documents[slot]);
+    m_documents[slot].reset();
+    --m_numOpenDocuments;
+    if (m_activeDocument == slot)
+        m_activeDocument = 0;
+    released->CloseWindows();
+    m_frame.UpdateMainFrame();
+}
+
+void Session::CloseAllDocuments()
+{
+    for (int slot = 1; slot <= MaxDocuments; ++slot)
+        if (clsDocument* document = Document(slot))
+            CloseDocument(*document);
+}
+
+clsDocument* Session::Document(int Slot) const
+{
+    return Slot >= 1 && Slot <= MaxDocuments ? m_documents[Slot].get() : nullptr;
+}
+
+std::shared_ptr<clsDocument> Session::SharedDocument(int Slot) const
+{
+    return Document(Slot) ? m_documents[Slot] : nullptr;
+}
+
+void Session::ActivateDocument(clsDocument& Front, ViewType View)
+{
+    if (Document(Front.DocNumber) != &Front)
+        return; // closed: its windows come to the front one after the other as they go
+    clsDocument* const before = Active();
+    const bool changed = before != &Front;
+    if (changed && Prefs.HogWindows && View == ViewType::Interferogram) {
+        if (before && before->OutputViewsExist()) {
+            before->OutputViews_HideAll();
+            TakeVisibility(*before);
+        }
+        if (Front.OutputViewsExist()) {
+            Front.AberrationsViewVisible = Prefs.AberrationsVisible;
+            Front.ZernikesViewVisible = Prefs.ZernikesVisible;
+            Front.OutputViews_ShowNoActivate();
+        }
+    }
+    m_activeDocument = Front.DocNumber;
+    Front.ActiveView = View;
+    if (changed && Front.OutputViewsExist())
+        Analyze.SetControls(Front);
+    m_frame.UpdateMainFrame();
+}
+
+// What is shown of this document is what the next one shows.
+void Session::TakeVisibility(const clsDocument& Of)
+{
+    Prefs.AberrationsVisible = Of.AberrationsViewVisible;
+    Prefs.ZernikesVisible = Of.ZernikesViewVisible;
+}
+
+void Session::BringToFront(clsDocument& Front)
+{
+    Front.ImageView()->Show(Activation::TakeFocus);
+    ActivateDocument(Front, ViewType::Interferogram);
+}
+
+void Session::OpenFiles(const std::vector<std::string>& Paths, bool Quiet)
+{
+    const auto complain = [&](const std::string& text) {
+        if (!Quiet)
+            ShowMessage(text, MessageOk, "Error");
+    };
+    for (const std::string& given : Paths) {
+        const std::string path = AbsolutePath(given);
+        if (!FileExistsAt(path))
+            complain("Could not find file " + given);
+        else if (!IsPictureExtension(FileExtension(path)))
+            complain("Could not open file " + path);
+        else if (!OpenPicture(path, Quiet))
+            return;
+    }
+}
+
+std::shared_ptr<clsDocument> Session::OpenPicture(const std::string& Path, bool Quiet)
+{
+    const std::shared_ptr<clsDocument> document = NewDocument();
+    if (!document)
+        return nullptr;
+    if (!document->LoadFileIntoDataBuffer(Path, Quiet) || !document->CreateImageView()) {
+        CloseDocument(*document);
+        return nullptr;
+    }
+    document->Directory = FileDirectory(Path);
+    document->HasSourceFile = true;
+    document->ImageView_Init();
+    document->ImageView()->ResizeWindow();
+    BringToFront(*document);
+    return document;
+}
+
+bool Session::ReplacePicture(clsDocument& Of, const std::string& Path, bool Quiet)
+{
+    if (!Of.LoadFileIntoDataBuffer(Path, Quiet))
+        return false;
+    if (Prefs.HogWindows && Of.OutputViewsExist())
+        TakeVisibility(Of);
+    Of.ClearGeometry();
+    Of.FileName.clear();
+    Of.Directory = FileDirectory(Path);
+    Of.HasSourceFile = true;
+    Of.Modified = false;
+    Of.ImageView_Refresh();
+    if (Of.ImageViewExists())
+        Of.ImageView()->ResizeWindow();
+    m_frame.UpdateMainFrame();
+    return true;
+}
+
+void Session::TraceFringes(FringeDirection Direction)
+{
+    if (clsDocument* active = Active())
+        active->AutoTraceFringes(Direction, Prefs.AutoTraceFringeDensity);
+}
+
+void Session::AnalyzeFringes()
+{
+    if (clsDocument* active = Active())
+        ApplyAnalysis(*active);
+}
+
+bool Session::ApplyAnalysis(clsDocument& Target)
+{
+    if (const std::optional<Message> refusal = Analyze.StoreOptions(Target)) {
+        ShowMessage(refusal->Text, refusal->Flags, refusal->Title);
+        return false;
+    }
+    if (!Target.OutputViewsExist() && !Target.CreateOutputViews())
+        return false;
+    const HourglassScope hourglass(*this);
+    if (!Target.UpdateAnalysis(true, true))
+        return false;
+    Target.OutputViews_UpdateVisibility(Activation::LeaveFocus);
+    Target.OutputViews_Refresh();
+    m_frame.UpdateMainFrame();
+    return true;
+}
+
+void Session::ToggleView(ViewType View)
+{
+    clsDocument* const active = Active();
+    if (!active || !active->OutputViewsExist() || View == ViewType::Interferogram)
+        return;
+    bool& visible = View == ViewType::Aberrations ? active->AberrationsViewVisible
+                                                  : active->ZernikesViewVisible;
+    visible = !visible;
+    active->OutputViews_UpdateVisibility(Activation::LeaveFocus);
+    DocumentWindow* const front = visible ? active->View(View) : active->ImageView();
+    if (front)
+        front->Show(Activation::TakeFocus);
+    m_frame.UpdateMainFrame();
+}
+
+MessageAnswer Session::ShowMessage(const std::string& Text, int Flags, const std::string& Title)
+{
+    return m_answerer->Answer({.Text = Text, .Flags = Flags, .Title = Title});
+}
+
+void Session::ShowHourglass(bool Shown)
+{
+    m_hourglasses += Shown ? 1 : -1;
+    m_frame.SetHourglass(m_hourglasses > 0);
+}
+
+UnattendedScope::UnattendedScope(Session& Of) : m_session(Of), m_before(Of.m_answerer)
+{
+    static CarefulAnswerer careful;
+    m_session.m_answerer = &careful;
+}
+
+UnattendedScope::~UnattendedScope()
+{
+    m_session.m_answerer = m_before;
+}
+
+} // namespace morvane

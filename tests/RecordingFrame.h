@@ -1,0 +1,107 @@
+// A main window and an answerer that record what they are asked, for tests without a screen.
+#pragma once
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "shell/modMain.h"
+
+namespace morvane {
+
+// What the windows of a session have been told, in order: "Aberrations: show".
+struct WindowLog {
+    std::vector<std::string> Lines;
+
+    bool Has(const std::string& Line) const
+    {
+        return std::find(Lines.begin(), Lines.end(), Line) != Lines.end();
+    }
+};
+
+template <typename Window>
+class RecordingWindow : public Window {
+public:
+    RecordingWindow(WindowLog& Log, std::string Name) : m_log(Log), m_name(std::move(Name)) { }
+    ~RecordingWindow() override { Write("gone"); }
+
+    void SetCaption(const std::string& Caption) override { Write("caption " + Caption); }
+    void Show(Activation How) override
+    {
+        Write(How == Activation::TakeFocus ? "show with focus" : "show");
+    }
+    void Hide() override { Write("hide"); }
+    void Repaint() override { Write("repaint"); }
+
+protected:
+    void Write(const std::string& Text) { m_log.Lines.push_back(m_name + ": " + Text); }
+
+private:
+    WindowLog& m_log;
+    std::string m_name;
+};
+
+class RecordingImageWindow final : public RecordingWindow<ImageWindow> {
+public:
+    using RecordingWindow::RecordingWindow;
+    void RefreshPicture() override { Write("picture"); }
+    void ResizeWindow() override { Write("resize"); }
+};
+
+class RecordingTextWindow final : public RecordingWindow<TextWindow> {
+public:
+    using RecordingWindow::RecordingWindow;
+    void SetText(const std::string& Text, const TextFont&, std::span<const int>) override
+    {
+        Write("text " + Text.substr(0, Text.find('\r')));
+    }
+};
+
+class RecordingFrame final : public MainFrame {
+public:
+    WindowLog Log;
+    int Updates = 0;
+    bool Hourglass = false;
+    bool RefuseWindows = false;
+
+    void UpdateMainFrame() override { ++Updates; }
+    void SetHourglass(bool Shown) override { Hourglass = Shown; }
+    std::unique_ptr<ImageWindow> CreateImageWindow(clsDocument&) override
+    {
+        if (RefuseWindows)
+            return nullptr;
+        return std::make_unique<RecordingImageWindow>(Log, "Image");
+    }
+    std::unique_ptr<TextWindow> CreateTextWindow(clsDocument&, ViewType Kind) override
+    {
+        return std::make_unique<RecordingTextWindow>(
+            Log, Kind == ViewType::Aberrations ? "Aberrations" : "Zernikes");
+    }
+};
+
+class RecordingAnswerer final : public MessageAnswerer {
+public:
+    std::vector<Message> Asked;
+
+    MessageAnswer Answer(const Message& Question) override
+    {
+        Asked.push_back(Question);
+        return MessageAnswer::Ok;
+    }
+    // The text of the only message, which has been taken; empty if there were none or several.
+    std::string TakeOnly()
+    {
+        const std::string text = Asked.size() == 1 ? Asked.front().Text : std::string();
+        Asked.clear();
+        return text;
+    }
+};
+
+// A session without a screen. Order matters: the session goes before what it talks to.
+struct SilentSession {
+    RecordingAnswerer Answerer;
+    RecordingFrame Frame;
+    Session Main{Answerer, Frame};
+};
+
+} // namespace morvane
