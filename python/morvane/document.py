@@ -1,0 +1,151 @@
+"""The scriptable document."""
+from typing import Any, Optional, Tuple
+
+from .errors import ServerError
+from .server import INTERFACE, OBJECT, Server, current_server
+from .values import absolute_path, to_bus
+
+_DOCUMENT_INTERFACE = INTERFACE + ".MorvaneDoc"
+_PROPERTIES = "org.freedesktop.DBus.Properties"
+
+
+def _option(name: str, kind: type, description: str) -> Any:
+    def get(self):
+        return kind(self._call_on(_PROPERTIES, "Get", "ss", _DOCUMENT_INTERFACE, name))
+
+    def put(self, value):
+        self._call_on(_PROPERTIES, "Set", "ssv", _DOCUMENT_INTERFACE, name, to_bus(value))
+
+    return property(get, put, doc=description)
+
+
+class _Removed:
+    """The terms removed from the wavefront: doc.Remove["TILT"] = True."""
+
+    def __init__(self, doc: "MorvaneDoc"):
+        self._doc = doc
+
+    def __getitem__(self, Type) -> bool:
+        return bool(self._doc._call("GetRemove", Type))
+
+    def __setitem__(self, Type, value: bool) -> None:
+        self._doc._call("SetRemove", Type, value)
+
+
+class MorvaneDoc:
+    """One document of a running Morvane.
+
+    The document itself is made by Load and stays open in the program when this object goes.
+
+    Every member raises MorvaneError, with its number, source and description, when it refuses, and
+    ServerError when the program cannot be reached. Keywords stand in any case and may also be
+    given as numbers, see MorvaneDocShape and the other enumerations. Positions are pixels of the
+    picture, origin top left, y down.
+
+    Options (wavelengths, ScaleFactor, OrderLimit, Remove, TrimEdges, InvertWavefront) belong to
+    the program's analysis window: they hold for the next Analyze of any document.
+    """
+
+    def __init__(self, server: Optional[Server] = None):
+        """In the Morvane of a launch; by default the newest open one, else in that of the desktop
+        session."""
+        self._path = None
+        self._server = server if server is not None else current_server()
+        self._owner = self._server.owner()
+        self._path = self._server.call(self._owner, OBJECT, INTERFACE, "CreateDoc", "")
+
+    def Load(self, Path) -> bool:
+        """Opens a picture (bmp, rle, jpg). False if it cannot be read as one; no such file: error.
+        A second Load replaces the picture and all that was set and found on the first."""
+        return bool(self._call("Load", absolute_path(Path)))
+
+    def SetAperture(self, ShapeType, Points) -> bool:
+        """Sets the rim of the optic. Points is a flat list X, Y, X, Y, ...:
+        "CIRCLE": four points, which give the extents in x and y;
+        "ELLIPSE": three points, the most distant two being the ends of the long axis;
+        "POLYGON": up to 50 corners."""
+        return bool(self._call("SetAperture", ShapeType, Points))
+
+    def SetObstruction(self, ShapeType, Points) -> bool:
+        """Sets the rim of the central obstruction, told like that of the aperture."""
+        return bool(self._call("SetObstruction", ShapeType, Points))
+
+    def AutoTrace(self, Direction, TraceDensity=None) -> bool:
+        """Finds the dark fringes inside the aperture, which run "VERTICAL" or "HORIZONTAL".
+        TraceDensity: "SUPERFINE", "FINE", "NORMAL" or "COARSE"; None is the user's preference.
+        False if nothing was traced."""
+        if TraceDensity is None:
+            return bool(self._call("AutoTrace", Direction))
+        return bool(self._call("AutoTrace", Direction, TraceDensity))
+
+    def Analyze(self) -> bool:
+        """Fits the traced fringes with the options. False if an option prevents it."""
+        return bool(self._call("Analyze"))
+
+    def Aberration(self, Type) -> float:
+        """An aberration, "RMS" or "PV" in output units, an angle in degrees, or the "STREHL"
+        ratio. Types are those of MorvaneDocAberrationType."""
+        return float(self._call("Aberration", Type))
+
+    def Zernike(self, Polynomial) -> float:
+        """Coefficient 1 to 36 as fitted, in fringe orders, each ScaleFactor waves."""
+        return float(self._call("Zernike", Polynomial))
+
+    def FringeCenter(self, Order, Fringe) -> Tuple[bool, float, float]:
+        """Success, X and Y of the point number Fringe (from 1) on the fringe of an order."""
+        ok, x, y = self._call("FringeCenter", Order, Fringe)
+        return bool(ok), float(x), float(y)
+
+    def ExportMap(self, FilePath) -> bool:
+        """Writes the wavefront as 100 lines of 100 numbers, in waves. False without a document."""
+        return bool(self._call("ExportMap", absolute_path(FilePath)))
+
+    InputWavelength = _option("InputWavelength", float, "Of the light of the test, nm.")
+    OutputWavelength = _option("OutputWavelength", float, "That results are given in, nm.")
+    ScaleFactor = _option("ScaleFactor", float, "Waves per fringe: 0.5 in double pass.")
+    InvertWavefront = _option("InvertWavefront", bool, "Whether the sense of the fringes is turned.")
+    TrimEdges = _option("TrimEdges", bool, "Whether the rim of the aperture is left out.")
+    OrderLimit = _option(
+        "OrderLimit",
+        int,
+        """Highest order of the fit. Assigned as a radial order, 2, 4, 6, 8, or 0 or "AUTO"; read
+        as a number of terms: 2, 8, 15, 24, or 0.""",
+    )
+
+    @property
+    def Remove(self) -> _Removed:
+        """The terms removed from the wavefront, by type: "TILT", "DEFOCUS", "ASTIGMATISM", "COMA"
+        and "SA"."""
+        return _Removed(self)
+
+    def close(self) -> None:
+        """Lets go of the document, which stays open in the program."""
+        if self._path is not None:
+            path, self._path = self._path, None
+            self._server.call(self._owner, path, _DOCUMENT_INTERFACE, "Release", "")
+
+    def __del__(self):
+        try:
+            self.close()
+        except Exception:  # the program, or the interpreter, is gone already
+            pass
+
+    def _call(self, member: str, *arguments):
+        return self._call_on(
+            _DOCUMENT_INTERFACE, member, "v" * len(arguments), *map(to_bus, arguments)
+        )
+
+    def _call_on(self, interface: str, member: str, signature: str, *arguments):
+        if self._path is None:
+            raise ServerError("This MorvaneDoc has been closed")
+        return self._server.call(
+            self._owner, self._path, interface, member, signature, *arguments
+        )
+
+
+def view_text(doc: MorvaneDoc, view: str) -> str:
+    """The text of a document's view, "Aberrations" or "Zernikes", columns apart by tabs."""
+    if doc._path is None:
+        raise ServerError("This MorvaneDoc has been closed")
+    text = doc._server.call(doc._owner, OBJECT, INTERFACE, "ViewText", "os", doc._path, view)
+    return str(text).replace("\r\n", "\n")

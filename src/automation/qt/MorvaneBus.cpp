@@ -1,0 +1,92 @@
+#include "automation/qt/MorvaneBus.h"
+
+#include <QDBusConnection>
+#include <QDBusError>
+#include <QDBusMessage>
+
+#include "automation/qt/BusNames.h"
+#include "automation/qt/DocFace.h"
+#include "document/DocumentTexts.h"
+
+namespace morvane {
+
+MorvaneBus::MorvaneBus(Session& Over, QObject* Parent) : QObject(Parent), m_session(Over)
+{
+    m_clients.setConnection(QDBusConnection::sessionBus());
+    m_clients.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
+    connect(
+        &m_clients, &QDBusServiceWatcher::serviceUnregistered, this, &MorvaneBus::ReleaseClient);
+}
+
+MorvaneBus::~MorvaneBus() = default;
+
+bool MorvaneBus::Register()
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+        QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+        SIGNAL(Disconnected()));
+    return bus.registerObject(BusObject, this, QDBusConnection::ExportScriptableSlots)
+        && bus.registerService(BusService);
+}
+
+QDBusObjectPath MorvaneBus::CreateDoc()
+{
+    const QString path = QStringLiteral("%1/docs/%2").arg(BusObject).arg(++m_numCreated);
+    auto* face = new DocFace(m_session, this);
+    connect(face, &DocFace::Released, this, [this, path] { Release(path); });
+    connection().registerVirtualObject(path, face);
+    m_docs.insert(path, {message().service(), face});
+    m_clients.addWatchedService(message().service());
+    return QDBusObjectPath(path);
+}
+
+QString MorvaneBus::ViewText(const QDBusObjectPath& Document, const QString& View)
+{
+    const auto made = m_docs.constFind(Document.path());
+    if (made == m_docs.constEnd()) {
+        sendErrorReply(QDBusError::UnknownObject,
+            QStringLiteral("There is no document '%1'").arg(Document.path()));
+        return {};
+    }
+    const bool aberrations = View == QLatin1String("Aberrations");
+    if (!aberrations && View != QLatin1String("Zernikes")) {
+        sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("There is no view '%1'").arg(View));
+        return {};
+    }
+    const std::shared_ptr<clsDocument> document = made->Face->Doc().Document();
+    if (!document) {
+        const std::string wish = aberrations ? "aberrations" : "Zernike coefficients";
+        connection().send(ErrorReply(message(),
+            {MorvaneDocErrors::ErrorNoDocument,
+                "Can't read " + wish + " until an interferogram has been loaded."}));
+        setDelayedReply(true);
+        return {};
+    }
+    return QString::fromStdString(
+        aberrations ? AberrationsText(*document) : ZernikesText(*document));
+}
+
+void MorvaneBus::ReleaseClient(const QString& Client)
+{
+    m_clients.removeWatchedService(Client);
+    QStringList paths;
+    for (auto doc = m_docs.cbegin(); doc != m_docs.cend(); ++doc) {
+        if (doc->Client == Client)
+            paths.append(doc.key());
+    }
+    for (const QString& path : paths)
+        Release(path);
+}
+
+// The face may be in the middle of a call, so it goes later.
+void MorvaneBus::Release(const QString& Path)
+{
+    const ClientDoc doc = m_docs.take(Path);
+    if (!doc.Face)
+        return;
+    QDBusConnection::sessionBus().unregisterObject(Path);
+    doc.Face->deleteLater();
+}
+
+} // namespace morvane

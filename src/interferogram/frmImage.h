@@ -1,0 +1,27 @@
+// The window of a document's interferogram.
+#pragma once
+#include "document/qt/ChildWindow.h"
+
+namespace morvane {
+
+class ImageCanvas;
+
+class frmImage final : public ChildWindow, public ImageWindow {
+public:
+    frmImage(clsDocument& Of, Session& In);
+
+    void SetCaption(const std::string& Caption) override { ShowCaption(Caption); }
+    void Show(Activation How) override { ShowWindow(How); }
+    void Hide() override { hide(); }
+    void Repaint() override;
+    void RefreshPicture() override;
+    void ResizeWindow() override;
+
+protected:
+    void closeEvent(QCloseEvent* Event) override;
+
+private:
+    ImageCanvas* m_canvas; // owned by Qt
+};
+
+} // namespace morvane

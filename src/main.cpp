@@ -1,0 +1,96 @@
+// morvane [FILE]: the program with its main window, and FILE opened in it.
+// morvane -Embedding: the same with no document, serving scripts over the session bus.
+#include <QApplication>
+#include <QIcon>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <span>
+
+#include "automation/qt/MorvaneBus.h"
+#include "platform/qt/QtMessages.h"
+#include "shell/CommandLine.h"
+#include "shell/frmMain.h"
+#include "shell/qt/Appearance.h"
+
+namespace {
+
+constexpr const char* Usage =
+    "Usage: morvane [FILE]\n"
+    "Analyzes interferograms. FILE is a picture (jpg, bmp, rle) to open.\n"
+    "\n"
+    "  -Embedding  start with no document, to serve scripts\n"
+    "  --help      show this text\n"
+    "  --version   show the version\n";
+
+bool HasDisplay(int Count, char** Arguments)
+{
+    for (const char* variable : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+        if (const char* value = std::getenv(variable); value && *value)
+            return true;
+    for (int i = 1; i < Count; ++i)
+        if (std::strcmp(Arguments[i], "-platform") == 0)
+            return true;
+    return false;
+}
+
+int Run(QApplication& Application, morvane::QtMessages& Messages,
+    const morvane::CommandLine& CommandLine)
+{
+    morvane::frmMain frame;
+    Messages.SetMainWindow(&frame);
+    morvane::Session session(Messages, frame);
+    frame.Attach(session);
+    frame.show();
+
+    // Without a bus the program runs by hand all the same; a server that has lost it is of no use.
+    morvane::MorvaneBus bus(session);
+    if (bus.Register() && CommandLine.Embedding)
+        QObject::connect(&bus, &morvane::MorvaneBus::Disconnected, &frame, &QWidget::close);
+    // In the first turn of the event loop the window is on the screen, and its size is known.
+    if (!CommandLine.File.empty())
+        QMetaObject::invokeMethod(
+            &frame, [&] { session.OpenFiles({CommandLine.File}, false); }, Qt::QueuedConnection);
+    return Application.exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const char* const first = argc > 1 ? argv[1] : "";
+    if (std::strcmp(first, "--help") == 0) {
+        std::fputs(Usage, stdout);
+        return EXIT_SUCCESS;
+    }
+    if (std::strcmp(first, "--version") == 0) {
+        std::puts("Morvane " MORVANE_VERSION);
+        return EXIT_SUCCESS;
+    }
+    if (!HasDisplay(argc, argv)) {
+        std::fputs("morvane: no display; set DISPLAY, or QT_QPA_PLATFORM=offscreen to run without "
+                   "one\n",
+            stderr);
+        return EXIT_FAILURE;
+    }
+
+    Q_INIT_RESOURCE(morvane);
+    QApplication::setApplicationName("Morvane");
+    QApplication::setApplicationVersion(MORVANE_VERSION);
+    QApplication::setDesktopFileName("com.ostrellabs.Morvane");
+    QApplication application(argc, argv);
+    morvane::ApplyAppearance(application);
+    QApplication::setWindowIcon(QIcon(":/icons/morvane.svg"));
+
+    morvane::QtMessages messages;
+    try {
+        // What the window system's own options have left over.
+        const std::span<const char* const> words(argv + 1, argc > 0 ? argc - 1 : 0);
+        return Run(application, messages, morvane::ParseCommandLine(words));
+    } catch (const std::exception& error) {
+        messages.Answer({.Text = error.what(),
+            .Flags = morvane::MessageTaskModal | morvane::MessageStopSign,
+            .Title = "Error"});
+        return EXIT_FAILURE;
+    }
+}

@@ -1,0 +1,43 @@
+#include "shell/qt/WindowPlaces.h"
+
+#include <algorithm>
+
+namespace morvane {
+namespace {
+
+constexpr int Gap = 8;
+constexpr int TitleBar = 28; // of a tool window: the window system may put it above the place
+constexpr int SlotStep = 26, SlotSteps = 6; // a title bar; then from the corner again
+constexpr QSize AberrationsSize(350, 310), ZernikesSize(290, 370);
+constexpr int TextColumn = 350, AnalysisColumn = 300;
+constexpr QSize LeastPictureRoom(480, 320);
+
+} // namespace
+
+QRect RoomForPicture(QSize WorkArea, int Slot)
+{
+    const int offset = std::max(0, Slot - 1) % SlotSteps * SlotStep;
+    const QPoint corner(Gap + offset, Gap + offset);
+    const QSize whole(WorkArea.width() - corner.x() - Gap, WorkArea.height() - corner.y() - Gap);
+    const int beside = whole.width() - TextColumn - AnalysisColumn - 2 * Gap;
+    const int width = beside >= LeastPictureRoom.width() ? beside : whole.width();
+    return {corner, QSize(width, whole.height()).expandedTo({1, 1})};
+}
+
+QRect PlaceOfText(QSize WorkArea, ViewType Kind, QSize Needed)
+{
+    const bool aberrations = Kind == ViewType::Aberrations;
+    const QSize size = Needed.expandedTo(aberrations ? AberrationsSize : ZernikesSize);
+    const int left = WorkArea.width() - Gap - std::max(TextColumn, size.width());
+    const int top = aberrations ? Gap : Gap + AberrationsSize.height() + Gap;
+    return {QPoint(std::max(0, left),
+                std::clamp(top, 0, std::max(0, WorkArea.height() - size.height()))),
+        size};
+}
+
+QPoint PlaceOfAnalysis(QSize WorkArea, QSize Wanted)
+{
+    return {std::max(0, WorkArea.width() - TextColumn - 2 * Gap - Wanted.width()), Gap + TitleBar};
+}
+
+} // namespace morvane

@@ -1,0 +1,34 @@
+// A text view of a document: one read-only box over the whole client, in the document's font, its
+// columns at tab stops that follow the font.
+#pragma once
+#include "document/qt/ChildWindow.h"
+
+class QPlainTextEdit;
+
+namespace morvane {
+
+class frmText final : public ChildWindow, public TextWindow {
+public:
+    frmText(clsDocument& Of, ViewType Kind, Session& In);
+
+    void SetCaption(const std::string& Caption) override { ShowCaption(Caption); }
+    void Show(Activation How) override { ShowWindow(How); }
+    void Hide() override { hide(); }
+    void Repaint() override;
+    void SetText(
+        const std::string& Text, const TextFont& Font, std::span<const int> TabStops) override;
+
+protected:
+    void closeEvent(QCloseEvent* Event) override;
+    bool eventFilter(QObject* Watched, QEvent* Event) override;
+
+private:
+    void SetFont(const TextFont& Font);
+    void SetTabStops(std::span<const int> TabStops);
+    QSize SizeOfText() const;
+
+    QPlainTextEdit* m_text; // owned by Qt
+    bool m_placed = false;
+};
+
+} // namespace morvane
