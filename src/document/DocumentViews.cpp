@@ -13,8 +13,9 @@ DocumentWindow* clsDocument::View(ViewType Kind) const
         return m_aberrationsView.get();
     case ViewType::Zernikes:
         return m_zernikesView.get();
+    default:
+        return nullptr;
     }
-    return nullptr;
 }
 
 bool clsDocument::CreateImageView()
@@ -28,8 +29,7 @@ bool clsDocument::CreateOutputViews()
     DocumentWindowFactory& windows = m_host.Windows();
     m_aberrationsView = windows.CreateTextWindow(*this, ViewType::Aberrations);
     m_zernikesView = windows.CreateTextWindow(*this, ViewType::Zernikes);
-    AberrationsViewVisible = m_host.GetPreferences().AberrationsVisible;
-    ZernikesViewVisible = m_host.GetPreferences().ZernikesVisible;
+    Visible = m_host.GetPreferences().Visible;
     OutputViews_LoadData();
     return OutputViewsExist();
 }
@@ -67,17 +67,17 @@ void clsDocument::OutputViews_UpdateVisibility(Activation How)
         else
             window.Hide();
     };
-    update(*m_zernikesView, ZernikesViewVisible);
-    update(*m_aberrationsView, AberrationsViewVisible);
+    update(*m_zernikesView, Visible.Zernikes);
+    update(*m_aberrationsView, Visible.Aberrations);
 }
 
 void clsDocument::OutputViews_HideAll()
 {
     if (!OutputViewsExist())
         return;
-    if (ZernikesViewVisible)
+    if (Visible.Zernikes)
         m_zernikesView->Hide();
-    if (AberrationsViewVisible)
+    if (Visible.Aberrations)
         m_aberrationsView->Hide();
 }
 
@@ -85,9 +85,9 @@ void clsDocument::OutputViews_ShowNoActivate()
 {
     if (!OutputViewsExist())
         return;
-    if (ZernikesViewVisible)
+    if (Visible.Zernikes)
         m_zernikesView->Show(Activation::LeaveFocus);
-    if (AberrationsViewVisible)
+    if (Visible.Aberrations)
         m_aberrationsView->Show(Activation::LeaveFocus);
 }
 
@@ -95,9 +95,9 @@ void clsDocument::OutputViews_Refresh()
 {
     if (!OutputViewsExist())
         return;
-    if (ZernikesViewVisible)
+    if (Visible.Zernikes)
         m_zernikesView->Repaint();
-    if (AberrationsViewVisible)
+    if (Visible.Aberrations)
         m_aberrationsView->Repaint();
 }
 
@@ -113,14 +113,14 @@ void clsDocument::LoadDataIntoAberrations()
 {
     m_aberrationsView->SetCaption("Aberrations - " + ShownName());
     m_aberrationsView->SetText(
-        AberrationsText(*this), m_host.GetPreferences().ScreenText, AberrationsTabStops);
+        AberrationsText(*this), ScreenText, AberrationsTabStops);
 }
 
 void clsDocument::LoadDataIntoZernikes()
 {
     m_zernikesView->SetCaption("Zernikes - " + ShownName());
     m_zernikesView->SetText(
-        ZernikesText(*this), m_host.GetPreferences().ScreenText, ZernikesTabStops);
+        ZernikesText(*this), ScreenText, ZernikesTabStops);
 }
 
 } // namespace morvane

@@ -6,13 +6,11 @@
 #include <span>
 #include <string>
 
-#include "document/TextFont.h"
+#include "document/Preferences.h"
 
 namespace morvane {
 
 class clsDocument;
-
-enum class ViewType : std::int32_t { Interferogram = 1, Aberrations = 7, Zernikes = 8 };
 
 enum class Activation { TakeFocus, LeaveFocus };
 
@@ -21,6 +19,8 @@ public:
     virtual ~DocumentWindow() = default;
 
     virtual void SetCaption(const std::string& Caption) = 0;
+    virtual WindowPlace GetPlace() const = 0;
+    virtual void SetPlace(const WindowPlace& Place) = 0;
     // Neither moves nor resizes the window.
     virtual void Show(Activation How) = 0;
     virtual void Hide() = 0;

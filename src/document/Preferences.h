@@ -1,25 +1,90 @@
-// The user's preferences that documents copy at their creation and take up again at an analysis.
+// The user's preferences, as the settings keep them. A document copies what it needs at its
+// creation, and takes up the sizes of maps again at an analysis.
 #pragma once
 #include <array>
+#include <cstdint>
+#include <string>
 
 #include "document/TextFont.h"
 #include "geometry/modTrace.h"
 
 namespace morvane {
 
+enum class ViewType : std::int32_t {
+    Interferogram = 1,
+    SurfacePlot = 3,
+    ContourPlot = 4,
+    LineProfile = 5,
+    SFringe = 6,
+    Aberrations = 7,
+    Zernikes = 8,
+    GridResults = 9
+};
+
+// Where a window stands in the frame, pixels.
+struct WindowPlace {
+    int Left = 0, Top = 0, Width = 0, Height = 0;
+    friend bool operator==(const WindowPlace&, const WindowPlace&) = default;
+};
+
+// Something for each of the seven output views.
+template <typename T>
+struct PerView {
+    T SurfacePlot{}, ContourPlot{}, LineProfile{}, SFringe{}, Aberrations{}, Zernikes{},
+        GridResults{};
+    friend bool operator==(const PerView&, const PerView&) = default;
+};
+
+// What a test is of, and whose.
+struct UserData {
+    std::string Description, Date, Operator, Comments;
+    friend bool operator==(const UserData&, const UserData&) = default;
+};
+
+// Which rows and panes the printed report has.
+struct ReportPreferences {
+    int PageOrientation = 1; // 1 portrait, 2 landscape
+    bool ShowRMS = true, ShowPV = true, ShowStrehl = true;
+    bool ShowTilt = false, ShowDefocus = false;
+    bool ShowAstigmatism = true, ShowComa = true, ShowSpherical = true;
+    bool ShowScale = false, ShowWavelength = true, ShowDataPts = false;
+    bool ShowDescription = true, ShowDate = true, ShowOperator = true, ShowComments = true;
+    bool DrawPageGrid = true;
+    int NumPanes = 3;
+    std::array<int, 6> Pane{6, 1, 5, 0, 0, 0};
+};
+
 struct Preferences {
-    bool HogWindows = true;   // one common set of output views, not one for each document
-    bool AutoStretch = true;  // spread the display palette over the picture's range
-    bool RedDisplay = true;   // red palette
+    int OpenFileFilter = 2, SaveFileFilter = 2; // of the dialogs, from 1
+    std::string OpenFileDir, SaveFileDir;
+
+    ReportPreferences Report;
+
+    bool GrabIntoNewWindow = true;
+    double GrabAspectRatio = 1, ManualAspectRatio = 1;
+    std::string GrabberName = "None";
+
+    bool HogWindows = true; // one common set of output views, not one for each document
+    bool AutoStretch = true; // spread the display palette over the picture's range
+    bool AutoLoadAperture = true, AutoLoadObstruction = true;
+    bool LimitScale = true;
+    bool RedDisplay = true; // red palette
     FringeDensity AutoTraceFringeDensity = FringeDensity::Normal;
 
+    int SurfaceLevels = 10; // contour lines
     int SurfaceGridSize = 30; // cells of the surface map in each axis
-    int SFringeSize = 150;    // cells of the synthetic fringe map in each axis
-    int LineSize = 100;       // points of the line profile
-    int LineAngle = 0;        // degrees
+    bool FillPolygons = true, DrawMeshWithFill = true;
+    int SurfaceTheta = 60, SurfacePhi = 30, LineAngle = 0; // degrees
+    int LineSize = 100; // points of the line profile
+    int SFringeSize = 150; // cells of the synthetic fringe map in each axis
 
-    bool AberrationsVisible = true, ZernikesVisible = false;
-    TextFont ScreenText;
+    PerView<bool> Visible{.SurfacePlot = true, .ContourPlot = true, .Aberrations = true};
+    PerView<WindowPlace> Places;
+
+    TextFont ScreenText, PrinterText;
+
+    bool SetAsDefault = false; // new documents take the user data below
+    UserData DefaultUserData;
 };
 
 } // namespace morvane

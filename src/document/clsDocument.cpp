@@ -25,7 +25,19 @@ double DisplayScaleOf(DisplayUnit Unit, double InputWavelength, double OutputWav
 
 clsDocument::clsDocument(DocumentHost& Host) : m_host(Host)
 {
+    const Preferences& preferences = Host.GetPreferences();
     TakeSizes();
+    ContourLevels = preferences.SurfaceLevels;
+    FillPolygons = preferences.FillPolygons;
+    DrawMeshWithFill = preferences.DrawMeshWithFill;
+    LimitDisplayScale = preferences.LimitScale;
+    LineProfileAngle = preferences.LineAngle;
+    SurfaceTheta = preferences.SurfaceTheta;
+    SurfacePhi = preferences.SurfacePhi;
+    if (preferences.SetAsDefault)
+        Optic = preferences.DefaultUserData;
+    ScreenText = preferences.ScreenText;
+    PrinterText = preferences.PrinterText;
 }
 
 clsDocument::~clsDocument() = default;
@@ -229,7 +241,7 @@ void clsDocument::FillMaps(AnalysisMaps& Maps) const
     EvalSurface(m_zernikes, mask, frame, xOrigSurfaceSize, yOrigSurfaceSize, MapContent::Fringes,
         Maps.Fringes);
     EvalProfile(m_zernikeFiltered, mask, frame,
-        m_host.GetPreferences().LineAngle / DegreesPerRadian, Maps.ProfileX, Maps.ProfileY);
+        LineProfileAngle / DegreesPerRadian, Maps.ProfileX, Maps.ProfileY);
     for (std::vector<double>* scaled : {&Maps.Surface, &Maps.ProfileY})
         for (double& value : *scaled)
             if (value != NoData)

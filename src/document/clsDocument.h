@@ -58,9 +58,18 @@ public:
     clsFringes Fringes;
 
     ViewType ActiveView = ViewType::Interferogram;
-    bool AberrationsViewVisible = false, ZernikesViewVisible = false;
+    PerView<bool> Visible;
 
     int xSurfaceSize, ySurfaceSize, xOrigSurfaceSize, yOrigSurfaceSize, ProfileSize;
+    int ContourLevels;
+    bool FillPolygons, DrawMeshWithFill;
+    bool LimitDisplayScale;
+    bool AutoScale = true; // of the plots; otherwise ZMinimum to ZMaximum
+    double ZMinimum = 0, ZMaximum = 1;
+    int LineProfileAngle; // degrees
+    double SurfaceTheta, SurfacePhi; // degrees
+    UserData Optic;
+    TextFont ScreenText, PrinterText;
 
     bool AnalysisValid = false;
     bool HasReferenceZernikes = false;

@@ -9,8 +9,8 @@ CommandState StateOf(const Session& Of)
     CommandState state{.AnyDocument = Of.NumOpenDocuments() > 0};
     if (const clsDocument* active = Of.Active(); active && active->OutputViewsExist()) {
         state.OutputViewsExist = true;
-        state.AberrationsVisible = active->AberrationsViewVisible;
-        state.ZernikesVisible = active->ZernikesViewVisible;
+        state.AberrationsVisible = active->Visible.Aberrations;
+        state.ZernikesVisible = active->Visible.Zernikes;
     }
     return state;
 }

@@ -104,8 +104,7 @@ void Session::ActivateDocument(clsDocument& Front, ViewType View)
             TakeVisibility(*before);
         }
         if (Front.OutputViewsExist()) {
-            Front.AberrationsViewVisible = Prefs.AberrationsVisible;
-            Front.ZernikesViewVisible = Prefs.ZernikesVisible;
+            Front.Visible = Prefs.Visible;
             Front.OutputViews_ShowNoActivate();
         }
     }
@@ -119,8 +118,7 @@ void Session::ActivateDocument(clsDocument& Front, ViewType View)
 // What is shown of this document is what the next one shows.
 void Session::TakeVisibility(const clsDocument& Of)
 {
-    Prefs.AberrationsVisible = Of.AberrationsViewVisible;
-    Prefs.ZernikesVisible = Of.ZernikesViewVisible;
+    Prefs.Visible = Of.Visible;
 }
 
 void Session::BringToFront(clsDocument& Front)
@@ -215,8 +213,8 @@ void Session::ToggleView(ViewType View)
     clsDocument* const active = Active();
     if (!active || !active->OutputViewsExist() || View == ViewType::Interferogram)
         return;
-    bool& visible = View == ViewType::Aberrations ? active->AberrationsViewVisible
-                                                  : active->ZernikesViewVisible;
+    bool& visible = View == ViewType::Aberrations ? active->Visible.Aberrations
+                                                  : active->Visible.Zernikes;
     visible = !visible;
     active->OutputViews_UpdateVisibility(Activation::LeaveFocus);
     DocumentWindow* const front = visible ? active->View(View) : active->ImageView();

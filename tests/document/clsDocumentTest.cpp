@@ -276,8 +276,8 @@ TEST(clsDocumentViews, OutputViewsFollowTheirFlags)
     EXPECT_TRUE(session.Frame.Log.Lines.empty());
     document.Title = "mirror.bmp";
     ASSERT_TRUE(document.CreateOutputViews());
-    EXPECT_TRUE(document.AberrationsViewVisible);
-    EXPECT_FALSE(document.ZernikesViewVisible);
+    EXPECT_TRUE(document.Visible.Aberrations);
+    EXPECT_FALSE(document.Visible.Zernikes);
     EXPECT_TRUE(session.Frame.Log.Has("Aberrations: caption Aberrations - mirror.bmp"));
     session.Frame.Log.Lines.clear();
     document.OutputViews_UpdateVisibility(Activation::LeaveFocus);

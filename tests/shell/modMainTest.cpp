@@ -65,8 +65,8 @@ TEST(SessionDocuments, TheLastOneHandsItsVisibleViewsOn)
     session.Main.ToggleView(ViewType::Zernikes);
     session.Main.ToggleView(ViewType::Aberrations);
     session.Main.CloseDocument(*document);
-    EXPECT_TRUE(OpenAnalysed(session.Main, "morvane_last.bmp")->ZernikesViewVisible);
-    EXPECT_FALSE(session.Main.Document(1)->AberrationsViewVisible);
+    EXPECT_TRUE(OpenAnalysed(session.Main, "morvane_last.bmp")->Visible.Zernikes);
+    EXPECT_FALSE(session.Main.Document(1)->Visible.Aberrations);
 }
 
 TEST(SessionOpen, BadFilesAreToldAndLeaveNothingOpen)
@@ -130,10 +130,10 @@ TEST(SessionAnalysis, TheFirstOneBringsUpTheViewsThatThePreferencesAskFor)
     EXPECT_FALSE(session.Frame.Hourglass);
 
     session.Main.ToggleView(ViewType::Zernikes);
-    EXPECT_TRUE(document->ZernikesViewVisible);
+    EXPECT_TRUE(document->Visible.Zernikes);
     EXPECT_TRUE(log.Has("Zernikes: show with focus"));
     session.Main.ToggleView(ViewType::Aberrations);
-    EXPECT_FALSE(document->AberrationsViewVisible);
+    EXPECT_FALSE(document->Visible.Aberrations);
     EXPECT_TRUE(log.Has("Aberrations: hide"));
     EXPECT_EQ(log.Lines.back(), "Image: show with focus");
 }
@@ -144,13 +144,13 @@ TEST(SessionAnalysis, CommonViewsGiveWayToThoseOfTheInterferogramInFront)
     const auto first = OpenAnalysed(session.Main, "morvane_e.bmp");
     session.Main.ToggleView(ViewType::Zernikes);
     const auto second = OpenAnalysed(session.Main, "morvane_f.bmp");
-    EXPECT_TRUE(second->ZernikesViewVisible) << "taken over from the document before";
+    EXPECT_TRUE(second->Visible.Zernikes) << "taken over from the document before";
     session.Main.ToggleView(ViewType::Aberrations);
     session.Frame.Log.Lines.clear();
     session.Main.ActivateDocument(*first, ViewType::Interferogram);
     EXPECT_EQ(
         session.Frame.Log.Lines, (std::vector<std::string>{"Zernikes: hide", "Zernikes: show"}));
-    EXPECT_FALSE(first->AberrationsViewVisible);
+    EXPECT_FALSE(first->Visible.Aberrations);
 }
 
 TEST(SessionAnalysis, TheBoxFollowsAnAnalysedDocumentThatComesToTheFront)

@@ -113,7 +113,7 @@ TEST_F(frmImageWindow, ActivationFromOutsideMakesItsDocumentTheActiveOne)
     Settle();
     EXPECT_EQ(Session.Active(), &first);
     EXPECT_TRUE(Find<QAction>("mnuViewAberrations").isEnabled());
-    EXPECT_TRUE(first.AberrationsViewVisible);
+    EXPECT_TRUE(first.Visible.Aberrations);
 }
 
 } // namespace

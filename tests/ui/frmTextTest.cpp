@@ -61,11 +61,11 @@ TEST_F(frmTextView, CloseBoxHidesItUntilTheMenuShowsItAgain)
     Window.close();
     Settle();
     EXPECT_FALSE(Window.isVisible());
-    EXPECT_FALSE(Document.AberrationsViewVisible);
+    EXPECT_FALSE(Document.Visible.Aberrations);
     EXPECT_FALSE(command.isChecked());
     Trigger("mnuViewAberrations");
     EXPECT_TRUE(Window.isVisible());
-    EXPECT_TRUE(Document.AberrationsViewVisible);
+    EXPECT_TRUE(Document.Visible.Aberrations);
     EXPECT_EQ(Document.ActiveView, ViewType::Aberrations);
 }
 
