@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <span>
 
 #include "automation/qt/MorvaneBus.h"
@@ -12,12 +13,15 @@
 #include "shell/CommandLine.h"
 #include "shell/frmMain.h"
 #include "shell/qt/Appearance.h"
+#include "shell/qt/EndSignals.h"
+#include "shell/qt/Screens.h"
 
 namespace {
 
 constexpr const char* Usage =
     "Usage: morvane [FILE]\n"
-    "Analyzes interferograms. FILE is a picture (jpg, bmp, rle) to open.\n"
+    "Analyzes interferograms. FILE is a picture (jpg, bmp, rle) or a document\n"
+    "(mvd) to open.\n"
     "\n"
     "  -Embedding  start with no document, to serve scripts\n"
     "  --help      show this text\n"
@@ -34,19 +38,37 @@ bool HasDisplay(int Count, char** Arguments)
     return false;
 }
 
+std::string Today()
+{
+    const std::time_t now = std::time(nullptr);
+    std::tm day{};
+    localtime_r(&now, &day);
+    return morvane::DateText(day);
+}
+
 int Run(QApplication& Application, morvane::QtMessages& Messages,
     const morvane::CommandLine& CommandLine)
 {
+    morvane::SettingsStore settings(morvane::SettingsPath());
     morvane::frmMain frame;
     Messages.SetMainWindow(&frame);
     morvane::Session session(Messages, frame);
-    frame.Attach(session);
+    session.ReadSettings(settings, morvane::Screens(), Today());
+    frame.Attach(session, settings);
     frame.show();
+    session.StartGrabber(QApplication::applicationDirPath().toStdString());
 
     // Without a bus the program runs by hand all the same; a server that has lost it is of no use.
     morvane::MorvaneBus bus(session);
     if (bus.Register() && CommandLine.Embedding)
-        QObject::connect(&bus, &morvane::MorvaneBus::Disconnected, &frame, &QWidget::close);
+        QObject::connect(&bus, &morvane::MorvaneBus::Disconnected, &frame, [&] {
+            if (QGuiApplication::platformName() == "offscreen")
+                frame.EndUnasked();
+            else
+                frame.close();
+        });
+    const morvane::EndSignals end;
+    QObject::connect(&end, &morvane::EndSignals::Received, &frame, &morvane::frmMain::EndUnasked);
     // In the first turn of the event loop the window is on the screen, and its size is known.
     if (!CommandLine.File.empty())
         QMetaObject::invokeMethod(
@@ -74,6 +96,7 @@ int main(int argc, char** argv)
         return EXIT_FAILURE;
     }
 
+    morvane::BlockEndSignals();
     Q_INIT_RESOURCE(morvane);
     QApplication::setApplicationName("Morvane");
     QApplication::setApplicationVersion(MORVANE_VERSION);

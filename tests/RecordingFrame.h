@@ -30,6 +30,8 @@ public:
     {
         Write(How == Activation::TakeFocus ? "show with focus" : "show");
     }
+    WindowPlace GetPlace() const override { return m_place; }
+    void SetPlace(const WindowPlace& Place) override { m_place = Place; }
     void Hide() override { Write("hide"); }
     void Repaint() override { Write("repaint"); }
 
@@ -39,6 +41,7 @@ protected:
 private:
     WindowLog& m_log;
     std::string m_name;
+    WindowPlace m_place{10, 20, 300, 200};
 };
 
 class RecordingImageWindow final : public RecordingWindow<ImageWindow> {
@@ -63,9 +66,14 @@ public:
     int Updates = 0;
     bool Hourglass = false;
     bool RefuseWindows = false;
+    // What the user chooses in the next dialogs, in order; none left is a cancelled dialog.
+    std::vector<FileChoice> Choices;
+    std::vector<FileRequest> Requests;
 
     void UpdateMainFrame() override { ++Updates; }
     void SetHourglass(bool Shown) override { Hourglass = Shown; }
+    std::optional<FileChoice> AskOpen(const FileRequest& Request) override { return Ask(Request); }
+    std::optional<FileChoice> AskSave(const FileRequest& Request) override { return Ask(Request); }
     std::unique_ptr<ImageWindow> CreateImageWindow(clsDocument&) override
     {
         if (RefuseWindows)
@@ -77,16 +85,32 @@ public:
         return std::make_unique<RecordingTextWindow>(
             Log, Kind == ViewType::Aberrations ? "Aberrations" : "Zernikes");
     }
+
+private:
+    std::optional<FileChoice> Ask(const FileRequest& Request)
+    {
+        Requests.push_back(Request);
+        if (Choices.empty())
+            return std::nullopt;
+        const FileChoice choice = Choices.front();
+        Choices.erase(Choices.begin());
+        return choice;
+    }
 };
 
 class RecordingAnswerer final : public MessageAnswerer {
 public:
     std::vector<Message> Asked;
+    std::vector<MessageAnswer> Answers; // to the next questions, in order; then Ok
 
     MessageAnswer Answer(const Message& Question) override
     {
         Asked.push_back(Question);
-        return MessageAnswer::Ok;
+        if (Answers.empty())
+            return MessageAnswer::Ok;
+        const MessageAnswer answer = Answers.front();
+        Answers.erase(Answers.begin());
+        return answer;
     }
     // The text of the only message, which has been taken; empty if there were none or several.
     std::string TakeOnly()

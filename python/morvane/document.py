@@ -35,7 +35,7 @@ class _Removed:
 class MorvaneDoc:
     """One document of a running Morvane.
 
-    The document itself is made by Load and stays open in the program when this object goes.
+    The document itself is made by Load or Grab and stays open in the program when this object goes.
 
     Every member raises MorvaneError, with its number, source and description, when it refuses, and
     ServerError when the program cannot be reached. Keywords stand in any case and may also be
@@ -58,6 +58,24 @@ class MorvaneDoc:
         """Opens a picture (bmp, rle, jpg). False if it cannot be read as one; no such file: error.
         A second Load replaces the picture and all that was set and found on the first."""
         return bool(self._call("Load", absolute_path(Path)))
+
+    def Save(self, Path=None) -> bool:
+        """Writes the document (.mvd) with its picture (.bmp) beside it, or the picture alone
+        (.bmp). Without a Path it goes to the file that it was loaded from or saved to last; one
+        that was never saved: error. False, with the old file as it was, if it cannot be written."""
+        if Path is None:
+            return bool(self._call("Save"))
+        return bool(self._call("Save", absolute_path(Path)))
+
+    def Stretch(self, Ratio) -> bool:
+        """Makes the picture Ratio times as wide or, below 1, 1 / Ratio times as high."""
+        return bool(self._call("Stretch", Ratio))
+
+    def Grab(self) -> bool:
+        """Takes a picture from the frame grabber that the user has chosen, as a new document or in
+        place of the picture of this one, whose outlines and fringes stay. False if the grabber
+        gives none; no grabber loaded: error."""
+        return bool(self._call("Grab"))
 
     def SetAperture(self, ShapeType, Points) -> bool:
         """Sets the rim of the optic. Points is a flat list X, Y, X, Y, ...:

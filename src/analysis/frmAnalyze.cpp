@@ -1,9 +1,9 @@
 #include "analysis/frmAnalyze.h"
 
-#include <QFileDialog>
 #include <QKeyEvent>
 
 #include "shell/modFileLib.h"
+#include "shell/qt/FileChooser.h"
 #include "ui_frmAnalyze.h"
 
 namespace morvane {
@@ -127,13 +127,18 @@ void frmAnalyze::Store()
 
 void frmAnalyze::Browse()
 {
-    const QString path = QFileDialog::getOpenFileName(
-        this, tr("Browse File"), m_browseFolder, "Zernikes (*.zrn *.mvd)");
-    if (path.isEmpty())
+    const std::optional<FileChoice> choice = AskOpenFiles(this,
+        {.Title = "Browse File",
+            .Filter = "Zernikes (*.zrn *.mvd)|*.zrn;*.mvd",
+            .Directory = m_session.Analyze.BrowseFolder,
+            .FileName = {}});
+    if (!choice)
         return;
-    m_browseFolder = QFileInfo(path).path();
-    if (const auto refusal = m_session.Analyze.AddReference(path.toStdString()))
-        m_session.ShowMessage(refusal->Text, refusal->Flags, refusal->Title);
+    for (const std::string& path : choice->Paths) {
+        m_session.Analyze.BrowseFolder = FileDirectory(path);
+        if (const auto refusal = m_session.Analyze.AddReference(path))
+            m_session.ShowMessage(refusal->Text, refusal->Flags, refusal->Title);
+    }
 }
 
 void frmAnalyze::showEvent(QShowEvent* Event)

@@ -37,7 +37,6 @@ private:
 
     Session& m_session;
     std::unique_ptr<Ui::frmAnalyze> m_ui;
-    QString m_browseFolder;
 };
 
 } // namespace morvane

@@ -62,6 +62,8 @@ const char* ErrorName(MorvaneDocErrors Number)
         return "NoAperture";
     case ErrorNoFringeCenters:
         return "NoFringeCenters";
+    case ErrorNoGrabber:
+        return "NoGrabber";
     }
     return "Unknown";
 }
@@ -79,7 +81,49 @@ Raised<bool> MorvaneDoc::Load(const Variant& Path)
     const std::string path = given ? AbsolutePath(*given) : std::string();
     if (!FileExistsAt(path))
         return AutomationError{ErrorInvalidPath, "Specified file does not exist."};
-    return IsPictureExtension(FileExtension(path)) && LoadImage(path);
+    const std::string extension = FileExtension(path);
+    if (extension == "mvd")
+        return LoadDocument(path);
+    return IsPictureExtension(extension) && LoadImage(path);
+}
+
+bool MorvaneDoc::LoadDocument(const std::string& Path)
+{
+    if (const std::shared_ptr<clsDocument> document = Document())
+        return m_session.ReplaceDocument(*document, Path, true);
+    const std::shared_ptr<clsDocument> opened = m_session.OpenDocument(Path, true);
+    m_document = opened;
+    return opened != nullptr;
+}
+
+Raised<bool> MorvaneDoc::Save(const Variant& Path)
+{
+    const auto document = Document();
+    if (!std::holds_alternative<std::monostate>(Path)) {
+        const auto* given = std::get_if<std::string>(&Path);
+        if (!given)
+            return AutomationError{ErrorInvalidType,
+                "'Save' must be passed a file path in the form of a string."};
+        return document && m_session.WriteDocument(AbsolutePath(*given), *document);
+    }
+    if (!document || document->FileName.empty())
+        return AutomationError{
+            ErrorInvalidPath, "Unless a document has already been saved, a path must be supplied."};
+    return m_session.SaveDocument(*document);
+}
+
+Raised<bool> MorvaneDoc::Stretch(const Variant& Ratio)
+{
+    const auto document = Document();
+    if (!document)
+        return NoDocument("stretch");
+    const std::optional<double> ratio = Numeric(Ratio);
+    if (!ratio)
+        return AutomationError{ErrorInvalidNumber, "A stretch ratio must be numeric."};
+    if (*ratio <= 0)
+        return AutomationError{ErrorInvalidNumber, "A stretch ratio must greater than zero."};
+    document->StretchImage(*ratio);
+    return true;
 }
 
 bool MorvaneDoc::LoadImage(const std::string& Path)
@@ -91,6 +135,24 @@ bool MorvaneDoc::LoadImage(const std::string& Path)
         return opened != nullptr;
     }
     return m_session.ReplacePicture(*document, Path, true);
+}
+
+Raised<bool> MorvaneDoc::Grab()
+{
+    if (!m_session.Grabber.IsLoaded())
+        return AutomationError{ErrorNoGrabber,
+            "Failed to grab image because no frame grabber card is currently selected."};
+    const std::shared_ptr<clsDocument> document = Document();
+    if (!document) {
+        const std::shared_ptr<clsDocument> grabbed = m_session.GrabIntoNewDocument();
+        m_document = grabbed;
+        return grabbed != nullptr;
+    }
+    if (!document->GrabIntoDataBuffer(m_session.Grabber))
+        return false;
+    document->ImageView_Refresh();
+    m_session.Frame().UpdateMainFrame();
+    return true;
 }
 
 Raised<bool> MorvaneDoc::SetAperture(const Variant& ShapeType, const Variant& Points)

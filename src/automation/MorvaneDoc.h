@@ -31,6 +31,7 @@ enum class MorvaneDocErrors : std::uint32_t {
     ErrorInvalidPoints = 0x8004020E,
     ErrorNoAperture = 0x80040210,
     ErrorNoFringeCenters = 0x80040211,
+    ErrorNoGrabber = 0x80040213,
 };
 
 // The error's name without its prefix, as the bus shows it: "NoDocument".
@@ -67,6 +68,13 @@ public:
     explicit MorvaneDoc(Session& In) : m_session(In) { }
 
     Raised<bool> Load(const Variant& Path);
+    // A Path of std::monostate is the document's own. The picture is written beside it unless its
+    // file is there and holds it.
+    Raised<bool> Save(const Variant& Path);
+    // Widens the picture by Ratio, or heightens it by 1 / Ratio where that is below 1.
+    Raised<bool> Stretch(const Variant& Ratio);
+    // A frame of the frame grabber in place of the document's picture, or as a new document.
+    Raised<bool> Grab();
 
     // Points is a flat list X, Y, X, Y, ...: four for a circle, three for an ellipse, the corners
     // of a polygon; image pixels.
@@ -108,6 +116,7 @@ private:
     Raised<bool> SetShape(
         const Variant& ShapeType, const Variant& Points, clsDocument& Of, clsShape& Target);
     bool LoadImage(const std::string& Path);
+    bool LoadDocument(const std::string& Path);
     template <typename Change>
     void ChangeOptions(Change Apply);
 

@@ -10,7 +10,8 @@ class DocumentHost {
 public:
     virtual ~DocumentHost() = default;
 
-    virtual const Preferences& GetPreferences() const = 0;
+    // A document that is opened in the individual workspace leaves the places of its views there.
+    virtual Preferences& GetPreferences() = 0;
     virtual MessageAnswer ShowMessage(
         const std::string& Text, int Flags, const std::string& Title) = 0;
     virtual DocumentWindowFactory& Windows() = 0;

@@ -5,6 +5,7 @@
 #include "document/Dib.h"
 #include "document/LoadPicture.h"
 #include "document/clsDocument.h"
+#include "geometry/modRaster.h"
 
 namespace morvane {
 namespace {
@@ -55,8 +56,33 @@ bool clsDocument::LoadFileIntoDataBuffer(const std::string& Path, bool Quiet)
     TakeImageSize(loaded.Size);
     m_image = std::move(loaded);
     Title = std::filesystem::path(Path).filename().string();
+    PicturePath = Path;
     BlankImage = false;
     ImageDirty = false;
+    return true;
+}
+
+bool clsDocument::StretchImage(double Aspect)
+{
+    if (BlankImage || !HasImageBuffer() || !(Aspect > 0) || Aspect == 1)
+        return true;
+    const double scale = Aspect > 1 ? 1 : 1 / Aspect;
+    const RasterSize size = ResampledSize(m_image.Size, Aspect, scale);
+    if (!IsAllowedSize(size.Width, size.Height))
+        return false;
+    try {
+        ImageBuffer stretched;
+        stretched.Pixels.resize(static_cast<std::size_t>(size.Width) * size.Height);
+        stretched.Size = size;
+        ResampleImage(m_image.Pixels, m_image.Size, stretched.Pixels, Aspect, scale);
+        m_image = std::move(stretched);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    m_size = size;
+    ImageDirty = true;
+    InvalidateMask();
+    ImageView_Refresh();
     return true;
 }
 
@@ -65,9 +91,11 @@ FileResult clsDocument::SaveDataBufferToBMP(const std::string& Path)
     if (BlankImage || m_size.Width < 1 || m_size.Height < 1)
         return {"Cannot save a blank image"};
     try {
-        const FileResult written = WriteWholeFile(Path, BmpFromBuffer(m_image));
-        if (written)
+        FileResult written = WriteWholeFile(Path, BmpFromBuffer(m_image));
+        if (written) {
             ImageDirty = false;
+            PicturePath = Path;
+        }
         return written;
     } catch (const std::bad_alloc&) {
         return {"Out of memory"};

@@ -26,10 +26,18 @@ bool clsDocument::CreateImageView()
 
 bool clsDocument::CreateOutputViews()
 {
+    Visible = m_host.GetPreferences().Visible;
+    if (!MakeOutputViews())
+        return false;
+    PlaceOutputViews();
+    return true;
+}
+
+bool clsDocument::MakeOutputViews()
+{
     DocumentWindowFactory& windows = m_host.Windows();
     m_aberrationsView = windows.CreateTextWindow(*this, ViewType::Aberrations);
     m_zernikesView = windows.CreateTextWindow(*this, ViewType::Zernikes);
-    Visible = m_host.GetPreferences().Visible;
     OutputViews_LoadData();
     return OutputViewsExist();
 }
@@ -46,8 +54,18 @@ void clsDocument::ImageView_Init()
     if (!m_imageView)
         return;
     const HourglassScope hourglass(m_host);
-    m_imageView->SetCaption(ShownName());
+    UpdateCaptions();
     m_imageView->RefreshPicture();
+}
+
+void clsDocument::UpdateCaptions()
+{
+    if (m_imageView)
+        m_imageView->SetCaption(ShownName());
+    if (m_aberrationsView)
+        m_aberrationsView->SetCaption("Aberrations - " + ShownName());
+    if (m_zernikesView)
+        m_zernikesView->SetCaption("Zernikes - " + ShownName());
 }
 
 void clsDocument::ImageView_Refresh()
@@ -85,6 +103,8 @@ void clsDocument::OutputViews_ShowNoActivate()
 {
     if (!OutputViewsExist())
         return;
+    if (m_host.GetPreferences().HogWindows)
+        PlaceOutputViews();
     if (Visible.Zernikes)
         m_zernikesView->Show(Activation::LeaveFocus);
     if (Visible.Aberrations)
@@ -101,26 +121,42 @@ void clsDocument::OutputViews_Refresh()
         m_aberrationsView->Repaint();
 }
 
+void clsDocument::OutputViews_Load()
+{
+    if (!OutputViewsExist())
+        return;
+    PlaceOutputViews();
+    OutputViews_LoadData();
+}
+
+void clsDocument::PlaceOutputViews()
+{
+    const auto place = [](DocumentWindow& window, const WindowPlace& at) {
+        if (at.Width > 0 && at.Height > 0)
+            window.SetPlace(at);
+    };
+    const PerView<WindowPlace>& places = m_host.GetPreferences().Places;
+    place(*m_zernikesView, places.Zernikes);
+    place(*m_aberrationsView, places.Aberrations);
+}
+
 void clsDocument::OutputViews_LoadData()
 {
     if (!OutputViewsExist())
         return;
+    UpdateCaptions();
     LoadDataIntoZernikes();
     LoadDataIntoAberrations();
 }
 
 void clsDocument::LoadDataIntoAberrations()
 {
-    m_aberrationsView->SetCaption("Aberrations - " + ShownName());
-    m_aberrationsView->SetText(
-        AberrationsText(*this), ScreenText, AberrationsTabStops);
+    m_aberrationsView->SetText(AberrationsText(*this), ScreenText, AberrationsTabStops);
 }
 
 void clsDocument::LoadDataIntoZernikes()
 {
-    m_zernikesView->SetCaption("Zernikes - " + ShownName());
-    m_zernikesView->SetText(
-        ZernikesText(*this), ScreenText, ZernikesTabStops);
+    m_zernikesView->SetText(ZernikesText(*this), ScreenText, ZernikesTabStops);
 }
 
 } // namespace morvane

@@ -1,6 +1,8 @@
 // The font of a text, as settings, documents and views carry it.
 #pragma once
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "platform/Device.h"
 
@@ -13,5 +15,14 @@ struct TextFont {
     bool Bold = false, Italic = false, Underline = false;
     friend bool operator==(const TextFont&, const TextFont&) = default;
 };
+
+// The name as a record of 32 characters keeps it: cut there, without the blanks and line
+// ends behind it.
+std::string FixedFaceName(std::string_view Name);
+
+// A colour as files and settings keep it: red + 256 green + 65536 blue. Of a number, only those 24
+// bits count.
+std::int32_t ColorToLong(Color Value);
+Color ColorFromLong(std::int32_t Value);
 
 } // namespace morvane

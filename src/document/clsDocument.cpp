@@ -25,7 +25,15 @@ double DisplayScaleOf(DisplayUnit Unit, double InputWavelength, double OutputWav
 
 clsDocument::clsDocument(DocumentHost& Host) : m_host(Host)
 {
-    const Preferences& preferences = Host.GetPreferences();
+    TakeDefaults();
+}
+
+clsDocument::~clsDocument() = default;
+
+void clsDocument::TakeDefaults()
+{
+    static_cast<DocumentState&>(*this) = {};
+    const Preferences& preferences = m_host.GetPreferences();
     TakeSizes();
     ContourLevels = preferences.SurfaceLevels;
     FillPolygons = preferences.FillPolygons;
@@ -39,8 +47,6 @@ clsDocument::clsDocument(DocumentHost& Host) : m_host(Host)
     ScreenText = preferences.ScreenText;
     PrinterText = preferences.PrinterText;
 }
-
-clsDocument::~clsDocument() = default;
 
 void clsDocument::TakeSizes()
 {
@@ -76,16 +82,14 @@ void clsDocument::LoadBlankImage(int Width, int Height)
 
 void clsDocument::ClearGeometry()
 {
+    TakeDefaults();
     Fringes.DeleteAll();
     Aperture.SetShapeType(ShapeKind::None);
     Obstruction.SetShapeType(ShapeKind::None);
+    Grid = {};
     m_zernikes = m_zernikeFiltered = m_refZernikes = {};
-    HasReferenceZernikes = false;
-    ReferencePath.clear();
     m_wNotation = {};
     m_maps = {};
-    Figures = {};
-    nDataPts = 0;
     m_aberrationsView.reset();
     m_zernikesView.reset();
     InvalidateMask();
@@ -240,8 +244,8 @@ void clsDocument::FillMaps(AnalysisMaps& Maps) const
         Maps.Surface);
     EvalSurface(m_zernikes, mask, frame, xOrigSurfaceSize, yOrigSurfaceSize, MapContent::Fringes,
         Maps.Fringes);
-    EvalProfile(m_zernikeFiltered, mask, frame,
-        LineProfileAngle / DegreesPerRadian, Maps.ProfileX, Maps.ProfileY);
+    EvalProfile(m_zernikeFiltered, mask, frame, LineProfileAngle / DegreesPerRadian, Maps.ProfileX,
+        Maps.ProfileY);
     for (std::vector<double>* scaled : {&Maps.Surface, &Maps.ProfileY})
         for (double& value : *scaled)
             if (value != NoData)

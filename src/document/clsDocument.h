@@ -14,11 +14,14 @@
 #include "analysis/modSurface.h"
 #include "document/Bitmap.h"
 #include "document/DocumentHost.h"
+#include "document/clsGrid.h"
 #include "geometry/clsFringes.h"
 #include "geometry/modTrace.h"
 #include "platform/File.h"
 
 namespace morvane {
+
+class GrabberHost;
 
 inline constexpr int NoSize = 2147483647; // no image size known
 inline constexpr double DefaultWavelength = 632.8; // nm, helium-neon laser
@@ -35,7 +38,37 @@ struct AnalysisMaps {
     std::vector<double> ProfileX, ProfileY;
 };
 
-class clsDocument {
+// How a document is analysed and shown, and the figures that came of it.
+struct DocumentState {
+    bool Averaged = false, Combined = false;
+
+    int xSurfaceSize = 0, ySurfaceSize = 0, xOrigSurfaceSize = 0, yOrigSurfaceSize = 0;
+    int ProfileSize = 0;
+    int ContourLevels = 0;
+    bool FillPolygons = false, DrawMeshWithFill = false;
+    bool LimitDisplayScale = false;
+    bool AutoScale = true; // of the plots; otherwise ZMinimum to ZMaximum
+    double ZMinimum = 0, ZMaximum = 1;
+    int LineProfileAngle = 0; // degrees
+    double SurfaceTheta = 0, SurfacePhi = 0; // degrees
+    UserData Optic;
+    TextFont ScreenText, PrinterText;
+
+    std::string ReferencePath; // the file that the reference came from; empty if from none
+    bool HasReferenceZernikes = false;
+    bool AnalysisValid = false;
+    int nDataPts = 0;
+    DisplayUnit ScaleMode = DisplayUnit::Waves;
+    double ZScale = 0.5; // waves per fringe order
+    double DisplayScale = 1;
+    double OutWL = DefaultWavelength; // nm
+    bool InvertWavefront = false, TrimEdges = false;
+    RemoveFlags Removed;
+    int NumZernikeToFit = 0; // 0: chosen by the number of points
+    FiguresOfMerit Figures; // waves at the input wavelength
+};
+
+class clsDocument : public DocumentState {
 public:
     explicit clsDocument(DocumentHost& Host);
     ~clsDocument();
@@ -47,45 +80,25 @@ public:
     std::string FileName; // of the document file, without its folder
     std::string Directory; // of the file, without a separator at the end
     bool HasSourceFile = false;
+    std::string PicturePath; // the file that holds the picture as it is, unless ImageDirty
     bool BlankImage = false; // no picture
     bool ImageDirty = false; // the picture differs from its file
-    bool Averaged = false, Combined = false;
     bool Modified = false;
 
     clsAnalysis Analysis;
     clsShape Aperture{ShapeRole::Aperture};
     clsShape Obstruction{ShapeRole::Obstruction};
     clsFringes Fringes;
+    clsGrid Grid;
 
     ViewType ActiveView = ViewType::Interferogram;
     PerView<bool> Visible;
 
-    int xSurfaceSize, ySurfaceSize, xOrigSurfaceSize, yOrigSurfaceSize, ProfileSize;
-    int ContourLevels;
-    bool FillPolygons, DrawMeshWithFill;
-    bool LimitDisplayScale;
-    bool AutoScale = true; // of the plots; otherwise ZMinimum to ZMaximum
-    double ZMinimum = 0, ZMaximum = 1;
-    int LineProfileAngle; // degrees
-    double SurfaceTheta, SurfacePhi; // degrees
-    UserData Optic;
-    TextFont ScreenText, PrinterText;
-
-    bool AnalysisValid = false;
-    bool HasReferenceZernikes = false;
-    std::string ReferencePath; // the file that the reference came from; empty if from none
-    int nDataPts = 0;
-    double ZScale = 0.5; // waves per fringe order
-    DisplayUnit ScaleMode = DisplayUnit::Waves;
-    double DisplayScale = 1;
-    double OutWL = DefaultWavelength; // nm
-    bool InvertWavefront = false, TrimEdges = false;
-    RemoveFlags Removed;
-    int NumZernikeToFit = 0; // 0: chosen by the number of points
-    FiguresOfMerit Figures; // waves at the input wavelength
-
     // The name in captions and texts: the file's, or the title.
     const std::string& ShownName() const { return FileName.empty() ? Title : FileName; }
+
+    // Whether closing it would lose something.
+    bool HasUnsavedChanges() const { return Modified || ImageDirty; }
 
     // --- Picture
     bool HasImageBuffer() const { return m_image.Pixels.size() > 1; }
@@ -98,13 +111,32 @@ public:
     // Replaces the picture by that of a file. On failure a picture stays as it is, a document
     // without one is blank, and unless Quiet the user is told the file and the reason.
     bool LoadFileIntoDataBuffer(const std::string& Path, bool Quiet);
+    // Replaces the picture by a frame of the grabber, stretched as the preferences ask. On failure
+    // everything stays as it is; what the grabber does not tell itself the user is told here.
+    bool GrabIntoDataBuffer(GrabberHost& From);
+    // Makes the picture wider (Aspect above 1) or higher (below 1), so that it only ever grows;
+    // tick and shape positions stay. Without a picture, and for aspects of 1 or not above 0, there
+    // is nothing to do. False, with the old picture, if the new one would be too large.
+    bool StretchImage(double Aspect);
     // Takes a size, NoSize for none, without a picture.
     void LoadBlankImage(int Width, int Height);
     // Writes the picture as an 8-bit BMP with a grey ramp, whatever the display shows, and it is
     // clean again. Without a picture nothing is written.
     FileResult SaveDataBufferToBMP(const std::string& Path);
-    // Back to a document without fringes, shapes and results; slot, windows and picture stay.
+    // Back to a document without fringes, shapes, grid and results; slot, image window and picture
+    // stay.
     void ClearGeometry();
+
+    // --- Document file: all but the picture and what can be derived, as text lines of key and value
+    std::string DataText() const;
+    // Writes the text; afterwards Path is the old file or the new one, whole, and in the latter
+    // case the document is not modified any more.
+    FileResult SaveDataToFile(const std::string& Path);
+    // Reads into a document that is new or whose geometry has been cleared; what the file lacks
+    // stays as it is. False if the file cannot be read or its output views cannot be had. Bad
+    // values are replaced, unknown lines are skipped. In the individual workspace, places of views
+    // in the file become those of the preferences.
+    bool LoadDataFromFile(const std::string& Path);
 
     // --- Coefficients, by index 1 to 36, and aberrations, 1 to 8; 0 outside
     double Zernike(int Index) const;
@@ -142,6 +174,8 @@ public:
     bool CreateOutputViews();
     // Caption and picture to the image window; Refresh also repaints it.
     void ImageView_Init();
+    // The name behind each window's kind.
+    void UpdateCaptions();
     void ImageView_Refresh();
     // Ends all windows; who still holds the document has one without any.
     void CloseWindows();
@@ -154,13 +188,20 @@ private:
     void TakeImageSize(RasterSize Size);
     bool EnsureMask();
     bool RunFit();
+    void TakeDefaults();
     void TakeSizes();
     bool AllocateMaps(AnalysisMaps& Maps) const;
     void DeriveCoefficients();
     void FillMaps(AnalysisMaps& Maps) const;
+    bool MakeOutputViews();
+    // Brings the views to the places of the preferences, and their contents up to date.
+    void OutputViews_Load();
+    void PlaceOutputViews();
     void OutputViews_LoadData();
     void LoadDataIntoAberrations();
     void LoadDataIntoZernikes();
+
+    class FileReader;
 
     DocumentHost& m_host;
     ImageBuffer m_image;

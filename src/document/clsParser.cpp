@@ -1,6 +1,7 @@
 #include "document/clsParser.h"
 
 #include <algorithm>
+#include <array>
 
 #include "platform/Numbers.h"
 
@@ -8,7 +9,17 @@ namespace morvane {
 
 namespace {
 
-constexpr std::string_view Separators = "\t ,;:=";
+constexpr std::array<bool, 256> Separators = [] {
+    std::array<bool, 256> isOne{};
+    for (const char separator : {'\t', ' ', ',', ';', ':', '='})
+        isOne[static_cast<unsigned char>(separator)] = true;
+    return isOne;
+}();
+
+bool IsSeparator(char character)
+{
+    return Separators[static_cast<unsigned char>(character)];
+}
 
 // Of the basic letters only, whatever the locale.
 char LowerCase(char letter)
@@ -35,17 +46,17 @@ bool clsParser::ReadLine()
 std::string_view clsParser::GetToken()
 {
     const std::string_view line = m_line;
-    const auto orEnd = [&line](std::size_t position) { return std::min(position, line.size()); };
-    std::size_t start = orEnd(m_position);
-    while (start < line.size() && Separators.find(line[start]) != Separators.npos) {
+    std::size_t start = m_position;
+    for (; start < line.size() && IsSeparator(line[start]); ++start)
         if (line[start] == '=') {
             SkipLine();
-            return line.substr(orEnd(line.find_first_not_of(' ', start + 1)));
+            return line.substr(std::min(line.find_first_not_of(' ', start + 1), line.size()));
         }
-        ++start;
-    }
-    m_position = orEnd(line.find_first_of(Separators, start));
-    return line.substr(start, m_position - start);
+    std::size_t end = start;
+    while (end < line.size() && !IsSeparator(line[end]))
+        ++end;
+    m_position = end;
+    return line.substr(start, end - start);
 }
 
 std::string clsParser::GetKeyword()

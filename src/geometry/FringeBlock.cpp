@@ -41,6 +41,16 @@ class clsFringes::BlockReader {
 public:
     BlockReader(clsFringes& fringes, clsParser& parser) : m_fringes(fringes), m_parser(parser) { }
 
+    void Read()
+    {
+        while (m_parser.ReadLine())
+            for (std::string keyword = m_parser.GetKeyword(); !keyword.empty();
+                 keyword = m_parser.GetKeyword())
+                if (!ReadGroup(keyword))
+                    return;
+    }
+
+private:
     // False where the reading stops.
     bool ReadGroup(std::string_view keyword)
     {
@@ -57,7 +67,6 @@ public:
         return keyword != "endfringes";
     }
 
-private:
     bool ReadNumFringes()
     {
         const int count = m_parser.GetLong();
@@ -110,12 +119,14 @@ private:
 
 void clsFringes::LoadFromFile(clsParser& Parser)
 {
-    BlockReader reader(*this, Parser);
-    while (Parser.ReadLine())
-        for (std::string keyword = Parser.GetKeyword(); !keyword.empty();
-             keyword = Parser.GetKeyword())
-            if (!reader.ReadGroup(keyword))
-                return;
+    BlockReader(*this, Parser).Read();
+    // Slots that are not counted are free, and free slots have no ticks, whatever the block says.
+    for (int index = 1; index <= MaxFringes; ++index) {
+        if (index > m_numFringes)
+            m_orders[index] = NoFringe;
+        if (m_orders[index] == NoFringe)
+            m_numTicks[index] = 0;
+    }
 }
 
 } // namespace morvane

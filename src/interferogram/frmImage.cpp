@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QMdiArea>
+#include <QPointer>
 #include <QStyle>
 
 #include "document/Dib.h"
@@ -30,9 +31,15 @@ void frmImage::RefreshPicture()
     m_canvas->RefreshSize();
 }
 
+void frmImage::SetPlace(const WindowPlace& Place)
+{
+    TakePlace(Place);
+    m_hasGivenSize = true;
+}
+
 void frmImage::ResizeWindow()
 {
-    if (isMaximized() || isMinimized() || !mdiArea())
+    if (m_hasGivenSize || isMaximized() || isMinimized() || !mdiArea())
         return;
     const QRect room = RoomForPicture(mdiArea()->size(), m_document.DocNumber);
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
@@ -48,12 +55,17 @@ void frmImage::ResizeWindow()
 void frmImage::closeEvent(QCloseEvent* Event)
 {
     Event->ignore();
+    if (m_isAsking)
+        return;
+    m_isAsking = true;
     QMetaObject::invokeMethod(
         mdiArea(),
-        [&session = m_session,
+        [window = QPointer(this), &session = m_session,
             document = std::weak_ptr(m_session.SharedDocument(m_document.DocNumber))] {
             if (const auto closed = document.lock())
-                session.CloseDocument(*closed);
+                session.CloseAsking(*closed);
+            if (window)
+                window->m_isAsking = false;
         },
         Qt::QueuedConnection);
 }

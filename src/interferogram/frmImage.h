@@ -13,6 +13,8 @@ public:
     void SetCaption(const std::string& Caption) override { ShowCaption(Caption); }
     void Show(Activation How) override { ShowWindow(How); }
     void Hide() override { hide(); }
+    WindowPlace GetPlace() const override { return NormalPlace(); }
+    void SetPlace(const WindowPlace& Place) override;
     void Repaint() override;
     void RefreshPicture() override;
     void ResizeWindow() override;
@@ -22,6 +24,8 @@ protected:
 
 private:
     ImageCanvas* m_canvas; // owned by Qt
+    bool m_hasGivenSize = false; // one that does not follow the picture
+    bool m_isAsking = false; // whether to save, after its close box
 };
 
 } // namespace morvane

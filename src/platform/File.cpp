@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -146,25 +147,36 @@ LineReader::LineReader(const std::string& Path)
 
 bool LineReader::ReadLine(std::string& Line)
 {
-    using Traits = std::ifstream::traits_type;
     Line.clear();
-    if (!m_stream.is_open())
+    if (m_next == m_end && !FillBlock())
         return false;
-    try {
-        std::filebuf& buffer = *m_stream.rdbuf();
-        Traits::int_type next = buffer.sbumpc();
-        if (Traits::eq_int_type(next, Traits::eof()))
-            return false;
-        for (; next != '\n' && !Traits::eq_int_type(next, Traits::eof()); next = buffer.sbumpc())
-            if (Line.size() < MaxLineLength)
-                Line += Traits::to_char_type(next);
-    } catch (const std::exception&) { // the buffer throws on a read error
-        Line.clear();
-        return false;
-    }
+    const char* lineEnd = nullptr;
+    do {
+        const char* const start = m_block.data() + m_next;
+        const std::size_t inBlock = m_end - m_next;
+        lineEnd = static_cast<const char*>(std::memchr(start, '\n', inBlock));
+        const std::size_t length = lineEnd ? static_cast<std::size_t>(lineEnd - start) : inBlock;
+        Line.append(start, std::min(length, MaxLineLength - Line.size()));
+        m_next += lineEnd ? length + 1 : length;
+    } while (!lineEnd && FillBlock());
     if (Line.ends_with('\r'))
         Line.pop_back();
     return true;
+}
+
+bool LineReader::FillBlock()
+{
+    constexpr std::size_t blockSize = 1 << 16;
+    m_next = m_end = 0;
+    if (!m_stream.is_open())
+        return false;
+    try {
+        m_block.resize(blockSize);
+        m_end = static_cast<std::size_t>(m_stream.rdbuf()->sgetn(m_block.data(), blockSize));
+    } catch (const std::exception&) { // the buffer throws on a read error
+        return false;
+    }
+    return m_end > 0;
 }
 
 FileResult ReadWholeFile(

@@ -17,8 +17,8 @@ struct FileResult {
 };
 
 // Lines of a regular text file, ended by LF or CR LF; the ends are not part of the line. Memory
-// holds one line at a time; a line longer than MaxLineLength is cut there, so that no file can fill
-// memory.
+// holds one line and one block of the file; a line longer than MaxLineLength is cut there, so that
+// no file can fill memory.
 class LineReader {
 public:
     static constexpr std::size_t MaxLineLength = 1 << 20;
@@ -30,7 +30,11 @@ public:
     bool ReadLine(std::string& Line);
 
 private:
+    bool FillBlock();
+
     std::ifstream m_stream;
+    std::vector<char> m_block; // of the file, read ahead
+    std::size_t m_next = 0, m_end = 0; // what is left of it
 };
 
 // The whole of a regular file of at most MaxBytes; the reason in Error otherwise (a folder, no

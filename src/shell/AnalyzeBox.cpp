@@ -8,6 +8,7 @@ namespace morvane {
 namespace {
 
 constexpr int SharedReferenceItem = 1, FirstListedReference = 2; // in the list of references
+constexpr const char* SharedReferenceName = "Custom";
 constexpr double MaxCustomScale = 1000;
 constexpr double MinWavelength = 1, MaxWavelength = 10000; // nm
 
@@ -120,6 +121,30 @@ void AnalyzeBox::RemoveReference(int Index)
     AnalyzeOptions options = m_options;
     options.Reference = Index - 1;
     SetOptions(options);
+}
+
+void AnalyzeBox::RestoreReferences(
+    const std::vector<std::string>& Paths, const std::string& Selected)
+{
+    m_references = {};
+    AnalyzeOptions options = m_options;
+    options.Reference = Selected == SharedReferenceName ? SharedReferenceItem : 0;
+    for (const std::string& path : Paths) {
+        if (!FileExistsAt(path))
+            continue;
+        m_references.AddItem(path);
+        if (path == Selected)
+            options.Reference = SharedReferenceItem + m_references.Count();
+    }
+    SetOptions(options);
+}
+
+std::string AnalyzeBox::SelectedReference() const
+{
+    const int reference = m_options.Reference;
+    return reference == SharedReferenceItem
+        ? SharedReferenceName
+        : m_references.GetItem(reference - FirstListedReference + 1);
 }
 
 std::optional<Message> AnalyzeBox::StoreOptions(clsDocument& Into) const

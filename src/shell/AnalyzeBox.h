@@ -49,6 +49,12 @@ public:
     std::optional<Message> AddReference(const std::string& Path);
     // Takes a file (list index from 2) off the list and selects the one before.
     void RemoveReference(int Index);
+    // Makes the list anew, of those files that are there. Selected is a text of SelectedReference;
+    // none is selected if it isn't to be had.
+    void RestoreReferences(const std::vector<std::string>& Paths, const std::string& Selected);
+    // The path of the selected file, "Custom" for the shared set, empty for any other.
+    std::string SelectedReference() const;
+    std::string BrowseFolder; // where the last reference was looked for
 
     ZernikeSet SharedReference{};
 

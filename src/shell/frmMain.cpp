@@ -1,33 +1,25 @@
 #include "shell/frmMain.h"
 
-#include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFileDialog>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QMimeData>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
 #include <QStatusBar>
 
 #include "analysis/frmAnalyze.h"
 #include "interferogram/frmImage.h"
 #include "shell/qt/Appearance.h"
-#include "shell/qt/Tiling.h"
-#include "shell/qt/WindowPlaces.h"
+#include "shell/qt/FileChooser.h"
+#include "shell/qt/Screens.h"
 #include "shell/qt/WorkArea.h"
 #include "views/frmText.h"
 
 namespace morvane {
 namespace {
-
-QAction* AddCommand(QMenu& To, const char* Name, const char* Caption)
-{
-    QAction* const action = To.addAction(Caption);
-    action->setObjectName(Name);
-    return action;
-}
 
 QStringList LocalFiles(const QMimeData& Dropped)
 {
@@ -50,7 +42,7 @@ std::vector<std::string> ToPaths(const QStringList& Paths)
 
 frmMain::frmMain() : m_area(new WorkArea(this)), m_imageSize(new QLabel(this))
 {
-    setWindowTitle("Morvane");
+    setWindowTitle(m_title);
     setAcceptDrops(true);
     setCentralWidget(m_area);
     m_imageSize->setObjectName("lblImageSize");
@@ -60,147 +52,39 @@ frmMain::frmMain() : m_area(new WorkArea(this)), m_imageSize(new QLabel(this))
     MakeProcessMenu();
     MakeWindowMenu();
     MakeHelpMenu();
-    PlaceOnScreen();
     connect(m_area, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* front) {
         if (auto* const window = dynamic_cast<ChildWindow*>(front); window && m_session)
             window->Activated();
     });
 }
 
-void frmMain::PlaceOnScreen()
-{
-    const QRect room = screen()->availableGeometry();
-    resize(QSize(1440, 900).boundedTo(room.size() * 0.92));
-    move(room.center() - rect().center());
-}
-
-void frmMain::Attach(Session& Shown)
+void frmMain::Attach(Session& Shown, SettingsStore& Settings)
 {
     m_session = &Shown;
+    m_settings = &Settings;
     m_analyze = new frmAnalyze(Shown, this);
+    ReadSettings();
     connect(m_analyze, &frmAnalyze::VisibilityChanged, m_analyzeBox, &QAction::setChecked);
     UpdateMainFrame();
 }
 
-void frmMain::MakeFileMenu()
+std::optional<FileChoice> frmMain::AskOpen(const FileRequest& Request)
 {
-    QMenu& menu = *menuBar()->addMenu("&File");
-    QAction* const open = AddCommand(menu, "mnuFileOpen", "&Open...");
-    open->setShortcut(QKeySequence::Open);
-    connect(open, &QAction::triggered, this, &frmMain::OpenDialog);
-    m_close = AddCommand(menu, "mnuFileClose", "&Close");
-    m_close->setShortcut(QKeySequence("Ctrl+W"));
-    connect(m_close, &QAction::triggered, this, &frmMain::CloseActive);
-    menu.addSeparator();
-    QAction* const exit = AddCommand(menu, "mnuFileExit", "E&xit");
-    exit->setShortcut(QKeySequence("Ctrl+Q"));
-    connect(exit, &QAction::triggered, this, &QWidget::close);
+    return AskOpenFiles(this, Request);
 }
 
-void frmMain::MakeViewMenu()
+std::optional<FileChoice> frmMain::AskSave(const FileRequest& Request)
 {
-    QMenu& menu = *menuBar()->addMenu("&View");
-    m_analyzeBox = AddCommand(menu, "mnuViewAnalyzeBox", "&Analyze");
-    m_analyzeBox->setCheckable(true);
-    connect(m_analyzeBox, &QAction::triggered, this,
-        [this](bool shown) { m_analyze->setVisible(shown); });
-    menu.addSeparator();
-    const auto view = [&](const char* name, const char* caption, ViewType kind) {
-        QAction* const action = AddCommand(menu, name, caption);
-        action->setCheckable(true);
-        connect(action, &QAction::triggered, this, [this, kind] { m_session->ToggleView(kind); });
-        return action;
-    };
-    m_aberrations = view("mnuViewAberrations", "A&berrations", ViewType::Aberrations);
-    m_zernikes = view("mnuViewZernikes", "&Zernikes", ViewType::Zernikes);
+    return AskSaveFile(this, Request);
 }
 
-void frmMain::MakeProcessMenu()
+// After the event that asks for it: a message must keep neither a menu nor the program waiting that
+// files are dropped from.
+void frmMain::OpenQueued(std::vector<std::string> Paths)
 {
-    QMenu& menu = *menuBar()->addMenu("&Process");
-    const auto trace = [&](const char* name, const char* caption, FringeDirection direction) {
-        QAction* const action = AddCommand(menu, name, caption);
-        connect(action, &QAction::triggered, this,
-            [this, direction] { m_session->TraceFringes(direction); });
-        m_traces.append(action);
-    };
-    trace("mnuProcessTraceV", "Trace &Vertically", FringeDirection::Vertical);
-    trace("mnuProcessTraceH", "Trace &Horizontally", FringeDirection::Horizontal);
-    m_analyzeFringes = AddCommand(menu, "mnuProcessAnalyzeFringes", "&Analyze Fringes");
-    connect(m_analyzeFringes, &QAction::triggered, this, [this] { m_session->AnalyzeFringes(); });
-}
-
-void frmMain::MakeWindowMenu()
-{
-    QMenu& menu = *menuBar()->addMenu("&Window");
-    const auto arrangement = [&](const char* name, const char* caption, auto arrange) {
-        QAction* const action = AddCommand(menu, name, caption);
-        connect(action, &QAction::triggered, this, arrange);
-        m_arrangements.append(action);
-    };
-    arrangement("mnuWindowCascade", "&Cascade", [this] { m_area->cascadeSubWindows(); });
-    arrangement(
-        "mnuWindowTileHorizontal", "Tile &Horizontal", [this] { Tile(*m_area, Qt::Horizontal); });
-    arrangement("mnuWindowTileVertical", "Tile &Vertical", [this] { Tile(*m_area, Qt::Vertical); });
-    connect(&menu, &QMenu::aboutToShow, this, [this, &menu] { ListWindows(menu); });
-}
-
-// Below the arrangements; the actions go with the group of the time before.
-void frmMain::ListWindows(QMenu& Below)
-{
-    delete m_windowList;
-    m_windowList = new QActionGroup(this);
-    m_windowList->addAction(Below.addSeparator());
-    for (QMdiSubWindow* const window : m_area->subWindowList()) {
-        if (!window->isVisible())
-            continue;
-        QAction* const action = Below.addAction(window->windowTitle().replace("&", "&&"));
-        action->setCheckable(true);
-        action->setChecked(window == m_area->activeSubWindow());
-        m_windowList->addAction(action);
-        connect(action, &QAction::triggered, window,
-            [this, window] { m_area->setActiveSubWindow(window); });
-    }
-    for (QAction* const action : m_windowList->actions())
-        action->setParent(m_windowList);
-}
-
-void frmMain::MakeHelpMenu()
-{
-    QMenu& menu = *menuBar()->addMenu("&Help");
-    connect(AddCommand(menu, "mnuHelpAbout", "&About Morvane..."), &QAction::triggered, this,
-        &frmMain::ShowAbout);
-}
-
-void frmMain::OpenDialog()
-{
-    // The names of the filters say what the user knows; the patterns behind them match either case.
-    const QStringList filters{"All Files (*.*)(*)",
-        "Graphic Files (*.jpg *.bmp *.rle)"
-        "(*.jpg *.bmp *.rle *.JPG *.BMP *.RLE)"};
-    QFileDialog dialog(this, tr("Open"), m_openFolder);
-    dialog.setFileMode(QFileDialog::ExistingFiles);
-    dialog.setOption(QFileDialog::HideNameFilterDetails);
-    dialog.setNameFilters(filters);
-    dialog.selectNameFilter(filters.last());
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    m_openFolder = dialog.directory().absolutePath();
-    m_session->OpenFiles(ToPaths(dialog.selectedFiles()), false);
-}
-
-void frmMain::CloseActive()
-{
-    if (clsDocument* const active = m_session->Active())
-        m_session->CloseDocument(*active);
-}
-
-void frmMain::ShowAbout()
-{
-    QMessageBox::about(this, "About Morvane",
-        "<h3>Morvane " + QApplication::applicationVersion()
-            + "</h3><p>Analyzes interferograms of mirrors and lenses: from the "
-              "picture of the fringes to the aberrations of the optic.</p>");
+    QMetaObject::invokeMethod(
+        this, [this, paths = std::move(Paths)] { m_session->OpenFiles(paths, false); },
+        Qt::QueuedConnection);
 }
 
 std::unique_ptr<ImageWindow> frmMain::CreateImageWindow(clsDocument& Of)
@@ -223,6 +107,13 @@ void frmMain::UpdateMainFrame()
 {
     const CommandRules rules = RulesFor(StateOf(*m_session));
     m_close->setEnabled(rules.Close);
+    m_save->setEnabled(rules.Save);
+    m_saveAs->setEnabled(rules.SaveAs);
+    m_exportMap->setEnabled(rules.Exports);
+    m_exportZernikes->setEnabled(rules.Exports);
+    m_adjustAspectRatio->setEnabled(rules.AdjustAspectRatio);
+    m_grabImage->setEnabled(rules.Grab);
+    m_grabberProps->setEnabled(rules.GrabberProperties);
     for (QAction* const trace : m_traces)
         trace->setEnabled(rules.Trace);
     m_analyzeFringes->setEnabled(rules.Analyze);
@@ -233,7 +124,33 @@ void frmMain::UpdateMainFrame()
     m_aberrations->setChecked(rules.AberrationsChecked);
     m_zernikes->setChecked(rules.ZernikesChecked);
     m_area->viewport()->update(); // what it says while it is empty
+    for (ChildWindow* const window : ChildWindowsIn(*m_area))
+        window->MarkChanges();
+    ShowRecentFiles();
+    SetTitle();
     SetStatusBar();
+}
+
+void frmMain::SetTitle()
+{
+    const clsDocument* const active = m_session->Active();
+    m_title = "Morvane";
+    if (active)
+        m_title.prepend(MarkableTitle(QString::fromStdString(active->ShownName())) + " - ");
+    m_isMarked = active && active->HasUnsavedChanges();
+    setWindowTitle(m_title);
+    setWindowModified(m_isMarked);
+}
+
+// A maximised window would add its name a second time, and take the mark with it when it is
+// restored.
+void frmMain::changeEvent(QEvent* Event)
+{
+    QMainWindow::changeEvent(Event);
+    if (Event->type() == QEvent::WindowTitleChange && windowTitle() != m_title)
+        setWindowTitle(m_title);
+    if (Event->type() == QEvent::ModifiedChange && isWindowModified() != m_isMarked)
+        setWindowModified(m_isMarked);
 }
 
 void frmMain::SetStatusBar()
@@ -262,21 +179,33 @@ void frmMain::showEvent(QShowEvent* Event)
     if (m_placed || !m_analyze)
         return;
     m_placed = true;
-    QMetaObject::invokeMethod(this, &frmMain::ShowAnalysis, Qt::QueuedConnection);
-}
-
-void frmMain::ShowAnalysis()
-{
-    const QPoint place = PlaceOfAnalysis(m_area->size(), m_analyze->sizeHint());
-    m_analyze->move(m_area->mapToGlobal(place));
-    m_analyze->show();
+    if (!IsReachable(frameGeometry()))
+        move(screen()->availableGeometry().topLeft());
+    if (m_kept.AnalyzeBox)
+        QMetaObject::invokeMethod(this, &frmMain::ShowAnalysis, Qt::QueuedConnection);
 }
 
 void frmMain::closeEvent(QCloseEvent* Event)
 {
-    m_session->CloseAllDocuments();
+    if (m_isClosing) { // a question of that time is still on the screen
+        Event->ignore();
+        return;
+    }
+    const QScopedValueRollback closing(m_isClosing, true);
+    Event->setAccepted(m_session->CloseAllAsking());
+    if (!Event->isAccepted())
+        return;
+    WriteSettings();
+    // Its command stays checked: the user has not closed it.
+    const QSignalBlocker quiet(m_analyze);
     m_analyze->hide();
-    QMainWindow::closeEvent(Event);
+}
+
+void frmMain::EndUnasked()
+{
+    m_session->CloseAllDocuments();
+    WriteSettings();
+    QApplication::exit();
 }
 
 void frmMain::dragEnterEvent(QDragEnterEvent* Event)
@@ -291,7 +220,7 @@ void frmMain::dropEvent(QDropEvent* Event)
 {
     Event->setDropAction(Qt::CopyAction);
     Event->accept();
-    m_session->OpenFiles(ToPaths(LocalFiles(*Event->mimeData())), false);
+    OpenQueued(ToPaths(LocalFiles(*Event->mimeData())));
 }
 
 } // namespace morvane

@@ -1,6 +1,7 @@
 #include "shell/modMain.h"
 
-#include "shell/modFileLib.h"
+#include "shell/AnalyzeSettings.h"
+#include "shell/MainWindowSettings.h"
 
 namespace morvane {
 namespace {
@@ -35,6 +36,23 @@ Session::~Session()
     CloseAllDocuments();
 }
 
+void Session::ReadSettings(
+    SettingsStore& From, const ScreenMeasures& Screen, const std::string& Today)
+{
+    m_settings = &From;
+    Prefs = ReadPreferences(From, Screen, Today);
+    Analyze.SharedReference = ReadSharedReference(From);
+    Recent = LoadRecentFiles(From);
+    ReadAnalyzeBox(From, Analyze);
+}
+
+void Session::WriteSettings(SettingsStore& Into) const
+{
+    WritePreferences(Into, Prefs, Analyze.SharedReference);
+    SaveRecentFiles(Into, Recent);
+    WriteAnalyzeBox(Into, Analyze);
+}
+
 std::shared_ptr<clsDocument> Session::NewDocument()
 {
     auto document = std::make_shared<clsDocument>(*this);
@@ -64,7 +82,7 @@ void Session::CloseDocument(clsDocument& Closed)
         return;
     const bool isShown = m_activeDocument == slot || m_numOpenDocuments == 1;
     if (isShown && Prefs.HogWindows && Closed.OutputViewsExist())
-        TakeVisibility(Closed);
+        TakeViews(Closed);
     // Its windows go last: they may bring another document to the front.
     const std::shared_ptr<clsDocument> released = std::move(m_documents[slot]);
     m_documents[slot].reset();
@@ -72,6 +90,10 @@ void Session::CloseDocument(clsDocument& Closed)
     if (m_activeDocument == slot)
         m_activeDocument = 0;
     released->CloseWindows();
+    if (m_numOpenDocuments == 0 && Prefs.HogWindows && m_settings) {
+        SaveViewSettings(*m_settings, Prefs);
+        m_settings->Save();
+    }
     m_frame.UpdateMainFrame();
 }
 
@@ -80,6 +102,24 @@ void Session::CloseAllDocuments()
     for (int slot = 1; slot <= MaxDocuments; ++slot)
         if (clsDocument* document = Document(slot))
             CloseDocument(*document);
+}
+
+bool Session::CloseAsking(clsDocument& Closed)
+{
+    // Held, for a script may close it while the question is on the screen.
+    const std::shared_ptr<clsDocument> held = SharedDocument(Closed.DocNumber);
+    if (!SaveDocumentSettings(Closed))
+        return false;
+    CloseDocument(Closed);
+    return true;
+}
+
+bool Session::CloseAllAsking()
+{
+    for (int slot = 1; slot <= MaxDocuments; ++slot)
+        if (clsDocument* document = Document(slot); document && !CloseAsking(*document))
+            return false;
+    return true;
 }
 
 clsDocument* Session::Document(int Slot) const
@@ -101,7 +141,7 @@ void Session::ActivateDocument(clsDocument& Front, ViewType View)
     if (changed && Prefs.HogWindows && View == ViewType::Interferogram) {
         if (before && before->OutputViewsExist()) {
             before->OutputViews_HideAll();
-            TakeVisibility(*before);
+            TakeViews(*before);
         }
         if (Front.OutputViewsExist()) {
             Front.Visible = Prefs.Visible;
@@ -115,10 +155,12 @@ void Session::ActivateDocument(clsDocument& Front, ViewType View)
     m_frame.UpdateMainFrame();
 }
 
-// What is shown of this document is what the next one shows.
-void Session::TakeVisibility(const clsDocument& Of)
+// What is shown of this document, and where, the next one shows there too.
+void Session::TakeViews(const clsDocument& Of)
 {
     Prefs.Visible = Of.Visible;
+    Prefs.Places.Aberrations = Of.View(ViewType::Aberrations)->GetPlace();
+    Prefs.Places.Zernikes = Of.View(ViewType::Zernikes)->GetPlace();
 }
 
 void Session::BringToFront(clsDocument& Front)
@@ -127,62 +169,25 @@ void Session::BringToFront(clsDocument& Front)
     ActivateDocument(Front, ViewType::Interferogram);
 }
 
-void Session::OpenFiles(const std::vector<std::string>& Paths, bool Quiet)
-{
-    const auto complain = [&](const std::string& text) {
-        if (!Quiet)
-            ShowMessage(text, MessageOk, "Error");
-    };
-    for (const std::string& given : Paths) {
-        const std::string path = AbsolutePath(given);
-        if (!FileExistsAt(path))
-            complain("Could not find file " + given);
-        else if (!IsPictureExtension(FileExtension(path)))
-            complain("Could not open file " + path);
-        else if (!OpenPicture(path, Quiet))
-            return;
-    }
-}
-
-std::shared_ptr<clsDocument> Session::OpenPicture(const std::string& Path, bool Quiet)
-{
-    const std::shared_ptr<clsDocument> document = NewDocument();
-    if (!document)
-        return nullptr;
-    if (!document->LoadFileIntoDataBuffer(Path, Quiet) || !document->CreateImageView()) {
-        CloseDocument(*document);
-        return nullptr;
-    }
-    document->Directory = FileDirectory(Path);
-    document->HasSourceFile = true;
-    document->ImageView_Init();
-    document->ImageView()->ResizeWindow();
-    BringToFront(*document);
-    return document;
-}
-
-bool Session::ReplacePicture(clsDocument& Of, const std::string& Path, bool Quiet)
-{
-    if (!Of.LoadFileIntoDataBuffer(Path, Quiet))
-        return false;
-    if (Prefs.HogWindows && Of.OutputViewsExist())
-        TakeVisibility(Of);
-    Of.ClearGeometry();
-    Of.FileName.clear();
-    Of.Directory = FileDirectory(Path);
-    Of.HasSourceFile = true;
-    Of.Modified = false;
-    Of.ImageView_Refresh();
-    if (Of.ImageViewExists())
-        Of.ImageView()->ResizeWindow();
-    m_frame.UpdateMainFrame();
-    return true;
-}
-
 void Session::TraceFringes(FringeDirection Direction)
 {
     if (clsDocument* active = Active())
         active->AutoTraceFringes(Direction, Prefs.AutoTraceFringeDensity);
+    m_frame.UpdateMainFrame();
+}
+
+void Session::AdjustAspectRatio(double Ratio)
+{
+    clsDocument* const active = Active();
+    if (!active)
+        return;
+    Prefs.ManualAspectRatio = Ratio;
+    const RasterSize before = active->GetImageSize();
+    if (!active->StretchImage(Ratio))
+        ShowMessage("The picture would become too large", MessageWarningSign, "Warning");
+    else if (active->GetImageSize() != before && active->ImageViewExists())
+        active->ImageView()->ResizeWindow();
+    m_frame.UpdateMainFrame();
 }
 
 void Session::AnalyzeFringes()
@@ -213,8 +218,8 @@ void Session::ToggleView(ViewType View)
     clsDocument* const active = Active();
     if (!active || !active->OutputViewsExist() || View == ViewType::Interferogram)
         return;
-    bool& visible = View == ViewType::Aberrations ? active->Visible.Aberrations
-                                                  : active->Visible.Zernikes;
+    bool& visible =
+        View == ViewType::Aberrations ? active->Visible.Aberrations : active->Visible.Zernikes;
     visible = !visible;
     active->OutputViews_UpdateVisibility(Activation::LeaveFocus);
     DocumentWindow* const front = visible ? active->View(View) : active->ImageView();

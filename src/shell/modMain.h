@@ -2,20 +2,26 @@
 // them. Main makes one, a test makes its own; there is no other mutable global state.
 #pragma once
 #include <array>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "document/DocumentHost.h"
+#include "document/GrabberHost.h"
 #include "document/clsDocument.h"
 #include "shell/AnalyzeBox.h"
+#include "shell/FileDialogs.h"
+#include "shell/PreferenceTable.h"
+#include "shell/RecentFiles.h"
 
 namespace morvane {
 
 inline constexpr int MaxDocuments = 100;
 
 // What the session asks of the main window.
-class MainFrame : public DocumentWindowFactory {
+class MainFrame : public DocumentWindowFactory, public FileDialogs {
 public:
     // Documents, the active one or its views have changed: commands, checks and status follow.
     virtual void UpdateMainFrame() = 0;
@@ -29,12 +35,24 @@ public:
 
     Preferences Prefs;
     AnalyzeBox Analyze;
+    RecentFiles Recent;
+    GrabberHost Grabber;
+    // The preferences and analysis options; From then takes the output views' state whenever the
+    // last document closes in the common workspace.
+    void ReadSettings(SettingsStore& From, const ScreenMeasures& Screen, const std::string& Today);
+    // All but the output views' state.
+    void WriteSettings(SettingsStore& Into) const;
 
     // --- Documents, in slots 1 to MaxDocuments
     // In the lowest free slot; nullptr, and the user has been told, if all are taken.
     std::shared_ptr<clsDocument> NewDocument();
+    // Without a question.
     void CloseDocument(clsDocument& Closed);
     void CloseAllDocuments();
+    // After the question whether to save it. False, and it stays open, if the user cancels or the
+    // saving fails; of several, those before it are closed then.
+    bool CloseAsking(clsDocument& Closed);
+    bool CloseAllAsking();
     // nullptr if the slot is free or out of range.
     clsDocument* Document(int Slot) const;
     std::shared_ptr<clsDocument> SharedDocument(int Slot) const;
@@ -50,21 +68,56 @@ public:
     void BringToFront(clsDocument& Front);
 
     // --- Commands; each does nothing without an active document
-    // Opens pictures; unless Quiet the user is told of each file that cannot be.
+    void OpenDialog();
+    // Opens pictures and documents; unless Quiet the user is told of each file that cannot be.
     void OpenFiles(const std::vector<std::string>& Paths, bool Quiet);
     void TraceFringes(FringeDirection Direction);
+    // Makes the picture wider (Ratio above 1) or higher, and notes the ratio in the preferences.
+    void AdjustAspectRatio(double Ratio);
     void AnalyzeFringes();
     void ToggleView(ViewType View);
     // The analysis of Target with the options of the box; false if a warning ended it.
     bool ApplyAnalysis(clsDocument& Target);
     // A picture of a file as a new document on the screen; nullptr if that failed.
     std::shared_ptr<clsDocument> OpenPicture(const std::string& Path, bool Quiet);
-    // The picture of a file in place of all that a document holds; if it cannot be read, the
-    // document stays as it is.
+    // A document file with the picture beside it; nullptr if that failed.
+    std::shared_ptr<clsDocument> OpenDocument(const std::string& Path, bool Quiet);
+    // A file in place of all that a document holds; if it cannot be read, the document stays as it
+    // is.
     bool ReplacePicture(clsDocument& Of, const std::string& Path, bool Quiet);
+    bool ReplaceDocument(clsDocument& Of, const std::string& Path, bool Quiet);
+
+    // --- Saving. False if the user cancels or it fails; then the file that was there before still
+    // is, and the document is still modified.
+    enum class SaveMode { ImageOnly, Document };
+    // Writes the document and, where it has changed or lies elsewhere, its picture (mvd), or the
+    // picture alone (bmp).
+    bool WriteDocument(const std::string& Path, clsDocument& Of);
+    // To its own file, or to one that the user is asked for.
+    bool SaveDocument(clsDocument& Of);
+    bool SaveAsDialog(clsDocument& Of, SaveMode Mode);
+    // Asks whether to save what has changed, and does.
+    bool SaveDocumentSettings(clsDocument& Of);
+    void ExportMapDialog(clsDocument& Of);
+    void ExportZernikesDialog(clsDocument& Of);
+
+    // --- Frame grabber
+    // Finds the plug-ins in the program's folder and loads that of the preferences; a name that is
+    // not among them becomes "None".
+    void StartGrabber(const std::string& Folder);
+    // Loads by the index in Grabber.Names(), from 1, and notes the name in the preferences; any
+    // other index is none. The user is told of one that cannot be loaded.
+    void LoadGrabber(int Index);
+    // A frame into the active document, which is closed if there is none to be had, or into a new
+    // one, as the preferences say.
+    void GrabImage();
+    // A frame as a new document on the screen; nullptr if that failed.
+    std::shared_ptr<clsDocument> GrabIntoNewDocument();
+    // The plug-in's dialog; the plug-in is then loaded anew, so that the settings take effect.
+    void GrabberProperties();
 
     // --- DocumentHost
-    const Preferences& GetPreferences() const override { return Prefs; }
+    Preferences& GetPreferences() override { return Prefs; }
     MessageAnswer ShowMessage(
         const std::string& Text, int Flags, const std::string& Title) override;
     DocumentWindowFactory& Windows() override { return m_frame; }
@@ -75,7 +128,14 @@ public:
 private:
     friend class UnattendedScope;
 
-    void TakeVisibility(const clsDocument& Of);
+    bool ReadDocument(clsDocument& Into, const std::string& Path, bool Quiet);
+    void ClearDocument(clsDocument& Of);
+    bool WritePicture(const std::string& Path, clsDocument& Of);
+    bool WriteWithQuestion(const std::string& Path, const std::function<FileResult()>& Write);
+    bool MayReplace(const std::string& Path, const std::string& Title);
+    std::optional<std::string> AskExport(
+        const clsDocument& Of, const char* Title, const char* Filter, const char* Extension);
+    void TakeViews(const clsDocument& Of);
     bool RegisterDocument(const std::shared_ptr<clsDocument>& Registered);
 
     MessageAnswerer* m_answerer;
@@ -84,6 +144,8 @@ private:
     int m_numOpenDocuments = 0;
     int m_activeDocument = 0;
     int m_hourglasses = 0;
+    SettingsStore* m_settings = nullptr;
+    int m_grabCount = 0; // numbers the titles of grabbed pictures
 };
 
 // Until the brace, messages are not shown but answered as a careful user would: cancel, or no.

@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QTextBlock>
 
+#include "shell/qt/Screens.h"
 #include "shell/qt/WindowPlaces.h"
 
 namespace morvane {
@@ -55,6 +56,16 @@ frmText::frmText(clsDocument& Of, ViewType Kind, Session& In)
 void frmText::Repaint()
 {
     m_text->viewport()->update();
+}
+
+// The default place says only that nobody has arranged the views yet.
+void frmText::SetPlace(const WindowPlace& Place)
+{
+    const PerView<WindowPlace> defaults = DefaultPlaces(Screens());
+    if (Place == (m_kind == ViewType::Aberrations ? defaults.Aberrations : defaults.Zernikes))
+        return;
+    TakePlace(Place);
+    m_placed = true;
 }
 
 void frmText::SetText(const std::string& Text, const TextFont& Font, std::span<const int> TabStops)

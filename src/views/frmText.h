@@ -14,6 +14,8 @@ public:
     void SetCaption(const std::string& Caption) override { ShowCaption(Caption); }
     void Show(Activation How) override { ShowWindow(How); }
     void Hide() override { hide(); }
+    WindowPlace GetPlace() const override { return NormalPlace(); }
+    void SetPlace(const WindowPlace& Place) override;
     void Repaint() override;
     void SetText(
         const std::string& Text, const TextFont& Font, std::span<const int> TabStops) override;

@@ -184,6 +184,8 @@ TEST_F(MorvaneDocMembers, ASecondLoadClearsAndKeepsTheSlot)
     LoadAndTrace();
     ASSERT_TRUE(doc.Analyze().Value());
     const int slot = doc.Document()->DocNumber;
+    doc.Document()->Optic.Operator = "somebody else";
+    doc.Document()->Averaged = true;
     const std::string small = ::testing::TempDir() + "morvane_automation_small.bmp";
     WritePicture(VerticalFringes(100, 80, 10), small);
     EXPECT_TRUE(doc.Load(small).Value());
@@ -192,6 +194,8 @@ TEST_F(MorvaneDocMembers, ASecondLoadClearsAndKeepsTheSlot)
     EXPECT_EQ(doc.Document()->Fringes.NumFringes(), 0);
     EXPECT_EQ(doc.Document()->Aperture.GetShapeType(), ShapeKind::None);
     EXPECT_FALSE(doc.Document()->OutputViewsExist());
+    EXPECT_FALSE(doc.Document()->Averaged);
+    EXPECT_EQ(doc.Document()->Optic, UserData());
     EXPECT_EQ(doc.Zernike(Whole(1)).Value(), 0);
     EXPECT_EQ(doc.Document()->GetImageSize(), (RasterSize{100, 80}));
 

@@ -1,6 +1,7 @@
 """What the tests share. MORVANE_PROGRAM names the program; by default the release build."""
 import json
 import os
+import shutil
 import sys
 import tempfile
 import unittest
@@ -10,6 +11,10 @@ ROOT = Path(__file__).resolve().parents[2]
 EXAMPLES = ROOT / "examples"
 MIRROR = EXAMPLES / "mirror.bmp"
 PROGRAM = os.environ.get("MORVANE_PROGRAM")
+
+# The settings of whoever runs the tests are not to be touched.
+_settings = tempfile.TemporaryDirectory()
+os.environ["XDG_CONFIG_HOME"] = _settings.name
 
 sys.path.insert(0, str(ROOT / "python"))
 
@@ -21,6 +26,7 @@ class ServerTest(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
+        shutil.rmtree(os.path.join(_settings.name, "morvane"), ignore_errors=True)
         cls.server = morvane.launch(PROGRAM)
         cls.addClassCleanup(cls.server.close)
 

@@ -22,6 +22,7 @@ SCALE = "Scale Factors must be specified using a numeric data type."
 INVERT = "The 'Invert Wavefront' property must be assigned a boolean value."
 TRIM = "The 'Trim Edges' property must be assigned a boolean value."
 REMOVE = "The 'Remove' property must be assigned a boolean value."
+NO_GRABBER = "Failed to grab image because no frame grabber card is currently selected."
 NO_FILE = "Specified file does not exist."
 NO_ANALYSIS = "Can't perform analysis until an interferogram has been loaded."
 
@@ -61,6 +62,7 @@ class Errors(ServerTest):
                 (0x80040201, refused("read aberrations"), "Aberration", "unknown"),
                 (0x80040201, refused("read Zernike coefficients"), "Zernike", 0),
                 (0x80040201, refused("read fringe centers"), "FringeCenter", 0, 0),
+                (0x80040213, NO_GRABBER, "Grab"),
                 (0x8004020C, NO_FILE, "Load", ""),
                 (0x8004020C, NO_FILE, "Load", 5),
                 (0x8004020C, NO_FILE, "Load", None),

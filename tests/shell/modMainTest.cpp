@@ -4,6 +4,7 @@
 
 #include "FringePicture.h"
 #include "RecordingFrame.h"
+#include "TemporaryFolder.h"
 #include "shell/CommandRules.h"
 
 namespace morvane {
@@ -67,6 +68,25 @@ TEST(SessionDocuments, TheLastOneHandsItsVisibleViewsOn)
     session.Main.CloseDocument(*document);
     EXPECT_TRUE(OpenAnalysed(session.Main, "morvane_last.bmp")->Visible.Zernikes);
     EXPECT_FALSE(session.Main.Document(1)->Visible.Aberrations);
+}
+
+TEST(SessionDocuments, TheLastOneOfTheCommonWorkspaceSavesTheViewsAtOnce)
+{
+    for (const bool common : {true, false}) {
+        const TemporaryFolder folder;
+        SettingsStore store(folder / "settings.ini");
+        SilentSession session;
+        session.Main.ReadSettings(store, {1000, 800, 4, 23}, "");
+        session.Main.Prefs.HogWindows = common;
+        const auto first = session.Main.NewDocument(), last = session.Main.NewDocument();
+        ASSERT_TRUE(last->CreateOutputViews());
+        last->Visible.Zernikes = true;
+        session.Main.CloseDocument(*first);
+        EXPECT_FALSE(std::filesystem::exists(folder / "settings.ini")) << "one is still open";
+        session.Main.CloseDocument(*last);
+        SettingsStore again(folder / "settings.ini");
+        EXPECT_EQ(again.GetSettingBool(MainSection, "Zernikes Visible", false), common);
+    }
 }
 
 TEST(SessionOpen, BadFilesAreToldAndLeaveNothingOpen)
@@ -198,10 +218,19 @@ TEST(CommandRules, FollowTheState)
 {
     EXPECT_EQ(RulesFor({}), CommandRules{});
     EXPECT_EQ(RulesFor({.AnyDocument = true}),
-        (CommandRules{.Close = true, .Trace = true, .Analyze = true, .Arrange = true}));
+        (CommandRules{.Close = true,
+            .Save = true,
+            .SaveAs = true,
+            .AdjustAspectRatio = true,
+            .Trace = true,
+            .Analyze = true,
+            .Arrange = true}));
     const CommandRules views =
         RulesFor({.AnyDocument = true, .OutputViewsExist = true, .ZernikesVisible = true});
-    EXPECT_TRUE(views.Views && views.ZernikesChecked && !views.AberrationsChecked);
+    EXPECT_TRUE(views.Views && views.Exports && views.ZernikesChecked);
+    EXPECT_FALSE(views.AberrationsChecked || views.Grab);
+    EXPECT_FALSE(RulesFor({.GrabberHasProperties = true}).GrabberProperties);
+    EXPECT_TRUE(RulesFor({.GrabberReady = true, .GrabberHasProperties = true}).GrabberProperties);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "document/Dib.h"
 #include "platform/File.h"
 #include "shell/frmMain.h"
+#include "shell/qt/Screens.h"
 
 namespace morvane::test {
 
@@ -16,20 +17,29 @@ public:
     MessageAnswer Answer(const Message& Asked) override
     {
         Messages.push_back(Asked);
-        return MessageAnswer::Ok;
+        if (Answers.empty())
+            return MessageAnswer::No;
+        const MessageAnswer answer = Answers.front();
+        Answers.erase(Answers.begin());
+        return answer;
     }
     std::vector<Message> Messages;
+    std::vector<MessageAnswer> Answers; // to the next questions, in order; then No
 };
 
 class Desk {
 public:
     Desk()
     {
-        Frame.Attach(Session);
+        Session.ReadSettings(Settings, Screens(), "Mar 7, 2026");
+        Frame.Attach(Session, Settings);
+        Frame.resize(760, 560);
         Frame.show();
         Settle();
     }
     ~Desk() { Session.CloseAllDocuments(); }
+
+    std::string SettingsFile() const { return Folder.filePath("settings.ini").toStdString(); }
 
     static void Settle() { QTest::qWait(0); }
 
@@ -81,6 +91,7 @@ public:
 
     NotingAnswerer User;
     QTemporaryDir Folder;
+    SettingsStore Settings{SettingsFile()};
     frmMain Frame;
     morvane::Session Session{User, Frame};
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QMdiArea>
+#include <QScreen>
 #include <QScrollBar>
 
 #include "Desk.h"
@@ -92,6 +93,52 @@ TEST_F(frmImageWindow, CloseBoxClosesTheDocument)
     EXPECT_EQ(Session.NumOpenDocuments(), 1);
     EXPECT_EQ(Session.Active(), &first);
     EXPECT_EQ(Frame.findChild<QMdiArea*>()->subWindowList().size(), 1);
+}
+
+TEST_F(frmImageWindow, CloseBoxAsksOnceForAModifiedDocument)
+{
+    clsDocument& document = Open();
+    document.Modified = true;
+    User.Answers = {MessageAnswer::Cancel};
+    for (int time = 0; time < 2; ++time)
+        Window(document).close();
+    Settle();
+    EXPECT_EQ(User.Messages.size(), 1u);
+    EXPECT_EQ(Session.NumOpenDocuments(), 1);
+    User.Answers = {MessageAnswer::No};
+    Window(document).close();
+    Settle();
+    EXPECT_EQ(Session.NumOpenDocuments(), 0);
+}
+
+TEST_F(frmImageWindow, GivenPlaceStaysWhateverThePictureAndTheState)
+{
+    clsDocument& document = Open(120, 100);
+    const WindowPlace given{30, 40, 260, 210};
+    document.ImageView()->SetPlace(given);
+    document.ImageView()->ResizeWindow();
+    EXPECT_EQ(document.ImageView()->GetPlace(), given);
+    Window(document).showMaximized();
+    Settle();
+    EXPECT_EQ(document.ImageView()->GetPlace(), given) << "maximised";
+    Window(document).showMinimized();
+    Settle();
+    EXPECT_EQ(document.ImageView()->GetPlace(), given) << "minimised";
+    Window(document).showNormal();
+    Settle();
+    EXPECT_EQ(document.ImageView()->GetPlace(), given) << "normal again";
+    Window(document).resize(300, 250);
+    EXPECT_EQ(document.ImageView()->GetPlace(), (WindowPlace{30, 40, 300, 250}));
+}
+
+TEST_F(frmImageWindow, PlaceFromAFileTakesNoMoreThanTheDesktop)
+{
+    clsDocument& document = Open(120, 100);
+    document.ImageView()->SetPlace({-32767, 32767, 32767, 32767});
+    Settle();
+    const QSize desktop = Frame.screen()->virtualSize();
+    EXPECT_LE(Window(document).width(), desktop.width());
+    EXPECT_LE(Window(document).height(), desktop.height());
 }
 
 // Each window that goes brings the next of the same document to the front.

@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMimeData>
+#include <QTimer>
 
 #include "Desk.h"
 
@@ -20,8 +23,9 @@ protected:
 
 TEST_F(frmMainCommands, FollowTheOpenDocuments)
 {
-    const char* const needDocument[] = {"mnuFileClose", "mnuProcessTraceV", "mnuProcessTraceH",
-        "mnuWindowCascade", "mnuProcessAnalyzeFringes", "mnuWindowTileHorizontal"};
+    const char* const needDocument[] = {"mnuFileClose", "mnuFileSave", "mnuFileSaveAs",
+        "mnuProcessAdjustAspectRatio", "mnuProcessTraceV", "mnuProcessTraceH", "mnuWindowCascade",
+        "mnuProcessAnalyzeFringes", "mnuWindowTileHorizontal"};
     const auto expectAll = [&](bool enabled) {
         for (const char* name : needDocument)
             EXPECT_EQ(Enabled(name), enabled) << name;
@@ -76,7 +80,10 @@ TEST_F(frmMainCommands, DroppedFilesAreOpened)
     EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop({300, 300}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&Frame, &drop);
-    EXPECT_EQ(Session.NumOpenDocuments(), 2);
+    EXPECT_EQ(Session.NumOpenDocuments(), 0) << "the program dragged from must not wait";
+    Settle();
+    ASSERT_EQ(Session.NumOpenDocuments(), 2);
+    EXPECT_EQ(Session.Document(1)->GetImageSize().Width, 30) << "in the order delivered";
 }
 
 TEST_F(frmMainCommands, WindowMenuListsWhatIsShown)
@@ -117,6 +124,122 @@ TEST_F(frmMainCommands, ClosingTheFrameClosesAllDocuments)
     Frame.close();
     EXPECT_EQ(Session.NumOpenDocuments(), 0);
     EXPECT_FALSE(Frame.findChild<frmAnalyze*>()->isVisible());
+}
+
+TEST_F(frmMainCommands, KeysReachTheirCommands)
+{
+    Open();
+    QTest::keyClick(Area().activeSubWindow(), Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(Session.NumOpenDocuments(), 0);
+}
+
+TEST_F(frmMainCommands, ClosingTheFrameStopsAtTheFirstCancel)
+{
+    for (int i = 0; i < 5; ++i)
+        Open().Modified = true;
+    User.Answers = {MessageAnswer::No, MessageAnswer::No, MessageAnswer::Cancel};
+    EXPECT_FALSE(Frame.close());
+    Settle();
+    EXPECT_EQ(User.Messages.size(), 3u);
+    EXPECT_TRUE(Frame.isVisible());
+    EXPECT_EQ(Session.NumOpenDocuments(), 3);
+    for (int slot = 1; slot <= 5; ++slot)
+        EXPECT_EQ(Session.Document(slot) != nullptr, slot >= 3) << slot;
+    EXPECT_TRUE(Session.Active()) << "a document is in front";
+}
+
+TEST_F(frmMainCommands, UnsavedChangesAreMarkedUntilTheyAreSaved)
+{
+    clsDocument& document = OpenAnalyzed();
+    const auto expectMarks = [&](bool marked, const char* when) {
+        for (const QMdiSubWindow* window : Area().subWindowList())
+            EXPECT_EQ(window->isWindowModified(), marked) << when;
+        EXPECT_EQ(Frame.isWindowModified(), marked) << when;
+    };
+    expectMarks(true, "after an analysis");
+    const std::string path = Folder.filePath("saved.mvd").toStdString();
+    ASSERT_TRUE(Session.WriteDocument(path, document));
+    expectMarks(false, "after saving");
+    EXPECT_EQ(Frame.windowTitle(), "saved.mvd[*] - Morvane");
+    Trigger("mnuProcessTraceV");
+    expectMarks(true, "after a trace");
+    for (const auto show : {&QWidget::showMaximized, &QWidget::showNormal}) {
+        (Area().activeSubWindow()->*show)();
+        Settle();
+        expectMarks(true, "in another window state");
+        EXPECT_EQ(Frame.windowTitle(), "saved.mvd[*] - Morvane");
+    }
+    User.Answers = {MessageAnswer::No};
+    Trigger("mnuFileClose");
+    EXPECT_FALSE(Frame.isWindowModified());
+    EXPECT_EQ(Frame.windowTitle(), "Morvane");
+}
+
+TEST_F(frmMainCommands, RecentFilesShowTheLastFourAndOpenAgain)
+{
+    const auto shown = [&] {
+        QStringList captions;
+        for (const QAction* entry : Frame.findChildren<QAction*>("mnuFileMRU"))
+            if (entry->isVisible())
+                captions.append(entry->text());
+        return captions;
+    };
+    EXPECT_EQ(shown(), QStringList());
+    EXPECT_FALSE(Find<QAction>("mnuFileBar5").isVisible());
+    for (int i = 0; i < 4; ++i)
+        Open();
+    const std::string last = Folder.filePath("a & b.bmp").toStdString();
+    QFile::rename(QString::fromStdString(WritePicture(50, 40)), QString::fromStdString(last));
+    Session.OpenFiles({last}, false);
+    EXPECT_EQ(shown(), QStringList({"a && b.bmp", "4.bmp", "3.bmp", "2.bmp"}));
+    EXPECT_TRUE(Find<QAction>("mnuFileBar5").isVisible());
+    QAction& first = *Frame.findChildren<QAction*>("mnuFileMRU").first();
+    EXPECT_EQ(first.toolTip().toStdString(), last);
+    first.trigger();
+    Settle();
+    EXPECT_EQ(Session.NumOpenDocuments(), 6);
+
+    QFile::remove(QString::fromStdString(last));
+    first.trigger();
+    Settle();
+    EXPECT_EQ(shown(), QStringList({"4.bmp", "3.bmp", "2.bmp"})) << "what is gone drops out";
+}
+
+TEST_F(frmMainCommands, AskWhereToSaveWithTheDialog)
+{
+    Open();
+    QTimer::singleShot(0, [&] {
+        auto& dialog = *qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "1.bmp");
+        dialog.selectFile("other.bmp");
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    Trigger("mnuFileSaveAs");
+    EXPECT_TRUE(QFile::exists(Folder.filePath("other.bmp")));
+    EXPECT_EQ(Session.Active()->Title, "other.bmp");
+}
+
+// Settings of one run as the next one finds them.
+TEST_F(frmMainCommands, PlaceAndBoxesComeBackWithTheNextRun)
+{
+    Frame.move(20, 10);
+    Frame.resize(360, 340);
+    Trigger("mnuViewAnalyzeBox");
+    ASSERT_FALSE(Frame.findChild<frmAnalyze*>()->isVisible());
+    Open();
+    Frame.close();
+
+    SettingsStore kept(SettingsFile());
+    frmMain next;
+    morvane::Session session(User, next);
+    session.ReadSettings(kept, Screens(), "");
+    EXPECT_EQ(session.Recent.Paths().size(), 1u);
+    next.Attach(session, kept);
+    next.show();
+    Settle();
+    EXPECT_EQ(next.pos(), QPoint(20, 10));
+    EXPECT_EQ(next.size(), QSize(360, 340));
+    EXPECT_FALSE(next.findChild<frmAnalyze*>()->isVisible());
 }
 
 } // namespace

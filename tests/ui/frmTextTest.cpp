@@ -69,6 +69,17 @@ TEST_F(frmTextView, CloseBoxHidesItUntilTheMenuShowsItAgain)
     EXPECT_EQ(Document.ActiveView, ViewType::Aberrations);
 }
 
+TEST_F(frmTextView, IsFoundWhereTheUserPutItInTheNextDocument)
+{
+    const QRect first = Window.geometry();
+    EXPECT_NE(Window.GetPlace(), DefaultPlaces(Screens()).Aberrations);
+    Window.setGeometry(20, 30, 260, 240);
+    Open();
+    clsDocument& next = OpenAnalyzed();
+    EXPECT_EQ(next.View(ViewType::Aberrations)->GetPlace(), (WindowPlace{20, 30, 260, 240}));
+    EXPECT_NE(first, QRect(20, 30, 260, 240));
+}
+
 TEST_F(frmTextView, ComesWithoutTakingTheFocus)
 {
     const QMdiArea& area = *Frame.findChild<QMdiArea*>();

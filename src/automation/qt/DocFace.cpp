@@ -62,6 +62,7 @@ bool DocFace::handleMessage(const QDBusMessage& Call, const QDBusConnection& Bus
         && Call.arguments().isEmpty())
         return false; // answered by Qt, with introspect()
     Bus.send(Answer(Call));
+    m_session.Frame().UpdateMainFrame(); // any member may have changed what it shows
     return true;
 }
 

@@ -33,6 +33,15 @@ BusReply AutoTrace(MorvaneDoc& On, const BusArguments& Arguments)
     return ReplyOf(On.AutoTrace(Arguments[0], meaningless ? Variant(std::string()) : Arguments[1]));
 }
 
+// Likewise a path.
+BusReply Save(MorvaneDoc& On, const BusArguments& Arguments)
+{
+    if (Arguments.empty())
+        return ReplyOf(On.Save(Variant()));
+    const bool meaningless = std::holds_alternative<std::monostate>(Arguments[0]);
+    return ReplyOf(On.Save(meaningless ? Variant(false) : Arguments[0]));
+}
+
 // One line of the interface: a method with the first Inputs of its arguments.
 QString MethodXml(const DocMethod& Method, std::size_t Inputs)
 {
@@ -55,6 +64,13 @@ std::span<const DocMethod> DocMethods()
             [](MorvaneDoc& On, const BusArguments& Arguments) {
                 return ReplyOf(On.Load(Arguments[0]));
             }},
+        DocMethod{"Save", {"Path"}, 0, {{"Success", "b"}}, Save},
+        DocMethod{"Stretch", {"Ratio"}, 1, {{"Success", "b"}},
+            [](MorvaneDoc& On, const BusArguments& Arguments) {
+                return ReplyOf(On.Stretch(Arguments[0]));
+            }},
+        DocMethod{"Grab", {}, 0, {{"Success", "b"}},
+            [](MorvaneDoc& On, const BusArguments&) { return ReplyOf(On.Grab()); }},
         DocMethod{"SetAperture", {"ShapeType", "Points"}, 2, {{"Success", "b"}},
             [](MorvaneDoc& On, const BusArguments& Arguments) {
                 return ReplyOf(On.SetAperture(Arguments[0], Arguments[1]));

@@ -2,14 +2,27 @@
 
 #include <QEvent>
 #include <QMdiArea>
+#include <QMenu>
 #include <QScopedValueRollback>
+#include <QScreen>
 
 namespace morvane {
+
+QString MarkableTitle(QString Name)
+{
+    // "[*]" in a file name is no mark of a change.
+    return Name.replace("[*]", "[*][*]") + "[*]";
+}
 
 ChildWindow::ChildWindow(clsDocument& Of, ViewType Kind, Session& In)
     : m_document(Of), m_session(In), m_kind(Kind)
 {
     setAttribute(Qt::WA_DeleteOnClose, false);
+    setWindowTitle(MarkableTitle({}));
+    // Ctrl+W is the main window's; the same on both would do nothing at all.
+    for (QAction* const action : systemMenu()->actions())
+        if (action->shortcut() == QKeySequence("Ctrl+W"))
+            action->setShortcut(QKeySequence("Ctrl+F4"));
 }
 
 void ChildWindow::ShowWindow(Activation How)
@@ -29,8 +42,43 @@ void ChildWindow::ShowWindow(Activation How)
 
 void ChildWindow::ShowCaption(const std::string& Caption)
 {
-    // "[*]" in a file name is no mark of a change.
-    setWindowTitle(QString::fromStdString(Caption).replace("[*]", "[*][*]"));
+    m_caption = QString::fromStdString(Caption);
+    setWindowTitle(MarkableTitle(m_caption));
+    MarkChanges();
+}
+
+WindowPlace ChildWindow::NormalPlace() const
+{
+    // A hidden window is not told of its moves.
+    const QRect place = isMaximized() || isMinimized() ? m_normal : geometry();
+    return {place.left(), place.top(), place.width(), place.height()};
+}
+
+// A place may come from a file: no window needs to be larger than the whole desktop.
+void ChildWindow::TakePlace(const WindowPlace& Place)
+{
+    const QSize size(Place.Width, Place.Height);
+    m_normal = {QPoint(Place.Left, Place.Top), size.boundedTo(screen()->virtualSize())};
+    if (!isMaximized() && !isMinimized())
+        setGeometry(m_normal);
+}
+
+void ChildWindow::moveEvent(QMoveEvent* Event)
+{
+    QMdiSubWindow::moveEvent(Event);
+    NotePlace();
+}
+
+void ChildWindow::resizeEvent(QResizeEvent* Event)
+{
+    QMdiSubWindow::resizeEvent(Event);
+    NotePlace();
+}
+
+void ChildWindow::NotePlace()
+{
+    if (!isMaximized() && !isMinimized())
+        m_normal = geometry();
 }
 
 // A sub window makes itself the active one when it or the widget inside is shown: both roads are
@@ -48,6 +96,16 @@ bool ChildWindow::eventFilter(QObject* Watched, QEvent* Event)
     if (m_leavesFocus && Event->type() == QEvent::Show)
         return false;
     return QMdiSubWindow::eventFilter(Watched, Event);
+}
+
+// One that is being destroyed is none any more.
+QList<ChildWindow*> ChildWindowsIn(const QMdiArea& Area)
+{
+    QList<ChildWindow*> windows;
+    for (QMdiSubWindow* const window : Area.subWindowList())
+        if (auto* const child = dynamic_cast<ChildWindow*>(window))
+            windows.append(child);
+    return windows;
 }
 
 } // namespace morvane

@@ -7,18 +7,30 @@
 
 namespace morvane {
 
+// Of a window, with the place for the mark of changes at its end.
+QString MarkableTitle(QString Name);
+
 class ChildWindow : public QMdiSubWindow {
 public:
     ChildWindow(clsDocument& Of, ViewType Kind, Session& In);
 
     // The window has come to the front.
     void Activated() { m_session.ActivateDocument(m_document, m_kind); }
+    // As shown, without the mark.
+    const QString& Caption() const { return m_caption; }
+    // Marks the caption while the document has unsaved changes.
+    void MarkChanges() { setWindowModified(m_document.HasUnsavedChanges()); }
 
 protected:
     void ShowWindow(Activation How);
     void ShowCaption(const std::string& Caption);
+    // Of the window as it is when neither maximised nor minimised.
+    WindowPlace NormalPlace() const;
+    void TakePlace(const WindowPlace& Place);
 
     void showEvent(QShowEvent* Event) override;
+    void moveEvent(QMoveEvent* Event) override;
+    void resizeEvent(QResizeEvent* Event) override;
     bool eventFilter(QObject* Watched, QEvent* Event) override;
 
     clsDocument& m_document;
@@ -26,7 +38,13 @@ protected:
     const ViewType m_kind;
 
 private:
+    void NotePlace();
+
+    QString m_caption;
+    QRect m_normal;
     bool m_leavesFocus = false; // while it is being shown
 };
+
+QList<ChildWindow*> ChildWindowsIn(const QMdiArea& Area);
 
 } // namespace morvane

@@ -35,9 +35,13 @@ QRect PlaceOfText(QSize WorkArea, ViewType Kind, QSize Needed)
         size};
 }
 
-QPoint PlaceOfAnalysis(QSize WorkArea, QSize Wanted)
+QPoint PlaceOfAnalysis(QRect Area, QSize Wanted, QRect Room)
 {
-    return {std::max(0, WorkArea.width() - TextColumn - 2 * Gap - Wanted.width()), Gap + TitleBar};
+    const int inside = Area.width() - TextColumn - 2 * Gap - Wanted.width();
+    const int outside = Area.width() + Gap;
+    const bool fitsOutside = Area.left() + outside + Wanted.width() <= Room.right();
+    const bool goesOutside = inside < LeastPictureRoom.width() && fitsOutside;
+    return Area.topLeft() + QPoint(goesOutside ? outside : std::max(0, inside), Gap + TitleBar);
 }
 
 } // namespace morvane

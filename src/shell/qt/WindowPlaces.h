@@ -1,6 +1,7 @@
 // Where the windows of a document first appear in the main window, so that none covers another
 // while there is room: the picture on the left, the analysis window beside it, the texts in a
-// column on the right. All in logical pixels of the work area.
+// column on the right. In logical pixels of the work area
+// where nothing else is said.
 #pragma once
 #include <QRect>
 
@@ -14,6 +15,8 @@ QRect RoomForPicture(QSize WorkArea, int Slot);
 // Needed is the size at which the whole text shows.
 QRect PlaceOfText(QSize WorkArea, ViewType Kind, QSize Needed);
 
-QPoint PlaceOfAnalysis(QSize WorkArea, QSize Wanted);
+// Area and Room, the screen's, in the screen's coordinates, as is the result: beside the texts, or
+// to the right of an area that is too narrow for all.
+QPoint PlaceOfAnalysis(QRect Area, QSize Wanted, QRect Room);
 
 } // namespace morvane

@@ -1,0 +1,154 @@
+// The block of a document file that holds the grid.
+#include <algorithm>
+#include <string_view>
+
+#include "document/clsGrid.h"
+#include "document/clsParser.h"
+#include "platform/Numbers.h"
+
+namespace morvane {
+
+namespace {
+
+void AppendLine(std::string& text, std::string_view keyword, double value)
+{
+    text.append(keyword);
+    AppendNumberField(text, value);
+    text.append("\r\n");
+}
+
+void AppendFlag(std::string& text, std::string_view keyword, bool value)
+{
+    text.append(keyword);
+    text.append(value ? "True\r\n" : "False\r\n");
+}
+
+} // namespace
+
+void clsGrid::SaveToFile(std::string& Text) const
+{
+    Text.append("Grid\r\n");
+    AppendLine(Text, "UpperLeftX,", UpperLeftX);
+    AppendLine(Text, "UpperLeftY,", UpperLeftY);
+    AppendLine(Text, "PixelWidth,", PixelWidth);
+    AppendLine(Text, "PixelHeight,", PixelHeight);
+    AppendLine(Text, "CellCountX,", CellCountX);
+    AppendLine(Text, "CellCountY,", CellCountY);
+    AppendLine(Text, "PhysicalWidth,", PhysicalWidth);
+    AppendLine(Text, "CellWidth,", CellWidth);
+    AppendLine(Text, "CellHeight,", CellHeight);
+    AppendLine(Text, "MaxRMS,", MaxRMS);
+    AppendLine(Text, "MaxPV,", MaxPV);
+    AppendFlag(Text, "UseRMS,", UseRMS);
+    AppendFlag(Text, "UsePV,", UsePV);
+    if (IsDefined(GridHasResults)) {
+        Text.append("Cells\r\n");
+        for (std::size_t cell = 0; cell < CellState.size(); ++cell) {
+            Text.append("Cell,");
+            AppendNumberField(Text, CellState[cell]);
+            Text.append(",");
+            AppendNumberField(Text, CellRMS[cell]);
+            AppendLine(Text, ",", CellPV[cell]);
+        }
+        Text.append("CellsEnd\r\n");
+    }
+    Text.append("GridEnd\r\n");
+}
+
+// Reads keyword groups, of which a line may hold several. The cells wait until the end of the
+// block, because the counts may stand behind them.
+class clsGrid::BlockReader {
+public:
+    BlockReader(clsGrid& grid, clsParser& parser) : m_grid(grid), m_parser(parser) { }
+
+    void Read()
+    {
+        while (m_parser.ReadLine())
+            for (std::string keyword = m_parser.GetKeyword(); !keyword.empty();
+                 keyword = m_parser.GetKeyword())
+                if (!ReadGroup(keyword))
+                    return;
+    }
+
+    // Cells that the block does not name have not been analysed.
+    void TakeCells()
+    {
+        if (!m_hasCells || m_grid.CellCountX > MaxGridCells || m_grid.CellCountY > MaxGridCells)
+            return;
+        const auto numCells = static_cast<std::size_t>(m_grid.NumCells());
+        m_state.resize(numCells, CellNotAnalysed);
+        m_rms.resize(numCells);
+        m_pv.resize(numCells);
+        m_grid.SetAnalysisResults(m_state, m_rms, m_pv);
+    }
+
+private:
+    // False at the end of the block.
+    bool ReadGroup(std::string_view keyword)
+    {
+        if (double* const number = Number(keyword))
+            *number = m_parser.GetNumber();
+        else if (int* const count = Count(keyword))
+            *count = std::max(m_parser.GetLong(), 0);
+        else if (bool* const flag = Flag(keyword))
+            *flag = m_parser.GetKeyword() == "true";
+        else if (keyword == "cells")
+            m_hasCells = true;
+        else if (keyword == "cell" && m_state.size() < MaxGridCells * MaxGridCells)
+            ReadCell();
+        else
+            m_parser.SkipLine();
+        return keyword != "gridend";
+    }
+
+    double* Number(std::string_view keyword)
+    {
+        const struct {
+            std::string_view Keyword;
+            double& Value;
+        } numbers[] = {{"upperleftx", m_grid.UpperLeftX}, {"upperlefty", m_grid.UpperLeftY},
+            {"pixelwidth", m_grid.PixelWidth}, {"pixelheight", m_grid.PixelHeight},
+            {"physicalwidth", m_grid.PhysicalWidth}, {"cellwidth", m_grid.CellWidth},
+            {"cellheight", m_grid.CellHeight}, {"maxrms", m_grid.MaxRMS}, {"maxpv", m_grid.MaxPV}};
+        for (const auto& number : numbers)
+            if (number.Keyword == keyword)
+                return &number.Value;
+        return nullptr;
+    }
+
+    int* Count(std::string_view keyword)
+    {
+        return keyword == "cellcountx" ? &m_grid.CellCountX
+            : keyword == "cellcounty"  ? &m_grid.CellCountY
+                                       : nullptr;
+    }
+
+    bool* Flag(std::string_view keyword)
+    {
+        return keyword == "userms" ? &m_grid.UseRMS : keyword == "usepv" ? &m_grid.UsePV : nullptr;
+    }
+
+    void ReadCell()
+    {
+        const int state = m_parser.GetLong();
+        const bool isKnown = state == CellUsable || state == CellFails;
+        m_state.push_back(isKnown ? state : CellNotAnalysed);
+        m_rms.push_back(m_parser.GetNumber());
+        m_pv.push_back(m_parser.GetNumber());
+    }
+
+    clsGrid& m_grid;
+    clsParser& m_parser;
+    bool m_hasCells = false;
+    std::vector<std::int32_t> m_state;
+    std::vector<double> m_rms, m_pv;
+};
+
+void clsGrid::LoadFromFile(clsParser& Parser)
+{
+    BlockReader reader(*this, Parser);
+    reader.Read();
+    reader.TakeCells();
+}
+
+} // namespace morvane

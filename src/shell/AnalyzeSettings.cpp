@@ -1,0 +1,109 @@
+#include "shell/AnalyzeSettings.h"
+
+#include "platform/Numbers.h"
+#include "shell/PreferenceTable.h"
+
+namespace morvane {
+namespace {
+
+constexpr const char* Section = "Analyze";
+constexpr const char* SelectedName = "Reference Selected";
+constexpr double MaxCoordinate = 32767; // either side of the screen's corner
+
+// The options as the settings know them.
+struct StoredOptions {
+    AnalyzeOptions Options;
+    std::string BrowseFolder;
+    int Unit = static_cast<int>(Options.Unit);
+    int Scale = static_cast<int>(Options.Scale);
+    int Limit = static_cast<int>(Options.Limit);
+    double CustomScale = LeadingNumber(Options.CustomScale);
+};
+
+std::vector<SettingRow> OptionRows(StoredOptions& Of)
+{
+    AnalyzeOptions& options = Of.Options;
+    return {
+        {"Browse Dir", &Of.BrowseFolder},
+        {"Tilt", &options.Removed.Tilt},
+        {"Defocus", &options.Removed.Focus},
+        {"Astigmatism", &options.Removed.Astigmatism},
+        {"Coma", &options.Removed.Coma},
+        {"Spherical", &options.Removed.Spherical},
+        {"Invert Scale", &options.InvertWavefront},
+        {"Trim Edges", &options.TrimEdges},
+        {"Display Units", &Of.Unit, 0, 2},
+        {"Input WL", &options.InputWavelength},
+        {"Output WL", &options.OutputWavelength},
+        {"Scale Factor", &Of.Scale, 0, 2},
+        {"Custom Scale", &Of.CustomScale, 0, 1000},
+        {"Limit Order", &Of.Limit, 0, 4},
+    };
+}
+
+std::vector<SettingRow> PlaceRows(BoxPlace& Of)
+{
+    return {
+        {"Left", &Of.Left, -MaxCoordinate, MaxCoordinate},
+        {"Top", &Of.Top, -MaxCoordinate, MaxCoordinate},
+    };
+}
+
+std::string NameOfReference(int Number)
+{
+    return "Reference File " + std::to_string(Number);
+}
+
+} // namespace
+
+void ReadAnalyzeBox(SettingsStore& From, AnalyzeBox& Into)
+{
+    StoredOptions stored;
+    ReadRows(From, Section, OptionRows(stored));
+    stored.Options.Unit = static_cast<DisplayUnit>(stored.Unit);
+    stored.Options.Scale = static_cast<ScaleChoice>(stored.Scale);
+    stored.Options.Limit = static_cast<OrderLimit>(stored.Limit);
+    stored.Options.CustomScale = FormatShortest(stored.CustomScale);
+    Into.BrowseFolder = stored.BrowseFolder;
+    Into.SetOptions(stored.Options);
+
+    std::vector<std::string> paths;
+    while (true) {
+        const int next = static_cast<int>(paths.size()) + 1;
+        std::string path = From.GetSettingString(Section, NameOfReference(next), "");
+        if (path.empty())
+            break;
+        paths.push_back(std::move(path));
+    }
+    Into.RestoreReferences(paths, From.GetSettingString(Section, SelectedName, ""));
+}
+
+void WriteAnalyzeBox(SettingsStore& Into, const AnalyzeBox& Written)
+{
+    StoredOptions stored{Written.Options(), Written.BrowseFolder};
+    WriteRows(Into, Section, OptionRows(stored));
+
+    const clsRefPath& references = Written.References();
+    for (int i = 1; i <= references.Count(); ++i)
+        Into.SaveSettingString(Section, NameOfReference(i), references.GetItem(i));
+    // What a longer list has left behind.
+    for (int i = references.Count() + 1;
+         !Into.GetSettingString(Section, NameOfReference(i), "").empty(); ++i)
+        Into.DeleteSetting(Section, NameOfReference(i));
+    Into.SaveSettingString(Section, SelectedName, Written.SelectedReference());
+}
+
+BoxPlace ReadAnalyzePlace(SettingsStore& From)
+{
+    BoxPlace place;
+    ReadRows(From, Section, PlaceRows(place));
+    return place;
+}
+
+void WriteAnalyzePlace(SettingsStore& Into, const BoxPlace& Written)
+{
+    BoxPlace copy = Written;
+    WriteRows(Into, Section, PlaceRows(copy));
+}
+
+} // namespace morvane

@@ -1,0 +1,84 @@
+// What the program remembers between runs: a tree of sections with text values, in one file that
+// people may edit by hand. It is read once; saving changes nothing in the file but the values that
+// this program changed, so that several running programs keep each other's.
+//
+// The program writes all its values back at exit, the user's changes among them. A value that goes
+// back as the program was given it, by a default or a clamp too, is no change of the user's: it is
+// written only while the file still says what it said.
+//
+// A file that is missing, unreadable or damaged never fails a read: what can't be made out is
+// absent. Such a file isn't destroyed either (Save).
+#pragma once
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/File.h"
+#include "shell/SettingsText.h"
+
+namespace morvane {
+
+// "morvane/settings.ini" in the user's folder for settings.
+std::string SettingsPath();
+
+inline constexpr std::int32_t NoLongRange = 2147483647;
+inline constexpr double NoDoubleRange = 1E+308;
+
+class SettingsStore {
+public:
+    static constexpr std::size_t MaxFileBytes = 4 << 20; // a larger file is not read
+    // A longer value is cut, between two characters.
+    static constexpr std::size_t MaxValueBytes = 1023;
+
+    explicit SettingsStore(std::string Path);
+
+    std::string GetSettingString(
+        std::string_view Section, std::string_view Name, std::string_view Default);
+    void SaveSettingString(std::string_view Section, std::string_view Name, std::string_view Value);
+
+    // The number at the start of the stored text, or Default, clamped to Min and Max. If one of the
+    // three is NoLongRange, the stored number as it is, and 0 if there is none.
+    std::int32_t GetSettingLong(std::string_view Section, std::string_view Name, std::int32_t Min,
+        std::int32_t Max, std::int32_t Default);
+    void SaveSettingLong(std::string_view Section, std::string_view Name, std::int32_t Value);
+
+    // The same, with NoDoubleRange.
+    double GetSettingDouble(
+        std::string_view Section, std::string_view Name, double Min, double Max, double Default);
+    void SaveSettingDouble(std::string_view Section, std::string_view Name, double Value);
+
+    // Stored text is true if its number is not 0; so "yes" is false.
+    bool GetSettingBool(std::string_view Section, std::string_view Name, bool Default);
+    void SaveSettingBool(std::string_view Section, std::string_view Name, bool Value);
+
+    void DeleteSetting(std::string_view Section, std::string_view Name);
+
+    // The program has made Value out of the text that it read, by a rule of its own; saving Value
+    // is no change of the user's.
+    void TakeAsRead(std::string_view Section, std::string_view Name, std::string_view Value);
+
+    // Brings what was changed into the file, whole or not at all. A file that can't be read, or
+    // would grow beyond what is read, stays as it is, and the changes wait for the next Save.
+    FileResult Save();
+
+private:
+    struct Change : SettingChange {
+        bool IsOfUser;
+    };
+
+    std::optional<std::string> Find(std::string_view Section, std::string_view Name) const;
+    void Put(std::string_view Section, std::string_view Name, std::optional<std::string> Value);
+    template <typename Reading>
+    void PutNumber(
+        std::string_view Section, std::string_view Name, std::string Text, Reading NumberIn);
+    std::vector<SettingChange> ChangesFor(const SettingsValues& Present) const;
+
+    std::string m_path;
+    SettingsValues m_inFile; // as read, and as saved since
+    SettingsValues m_given; // what the program was told, and what it saved since
+    std::vector<Change> m_changes; // in the order of their writing
+};
+
+} // namespace morvane

@@ -1,0 +1,137 @@
+// Opening: a path's extension decides between the picture and the document.
+#include "shell/modFileLib.h"
+#include "shell/modMain.h"
+
+namespace morvane {
+
+void Session::OpenDialog()
+{
+    const std::optional<FileChoice> choice = m_frame.AskOpen({.Title = {},
+        .Filter = "All Files (*.*)|*.*|Graphic Files (*.jpg *.bmp *.rle)|*.jpg;*.bmp;*.rle|"
+                  "Morvane Documents (*.mvd)|*.mvd",
+        .FilterIndex = Prefs.OpenFileFilter,
+        .Directory = Prefs.OpenFileDir,
+        .FileName = {}});
+    if (!choice || choice->Paths.empty())
+        return;
+    Prefs.OpenFileFilter = choice->FilterIndex;
+    Prefs.OpenFileDir = FileDirectory(choice->Paths.front());
+    OpenFiles(choice->Paths, false);
+}
+
+void Session::OpenFiles(const std::vector<std::string>& Paths, bool Quiet)
+{
+    for (const std::string& given : Paths) {
+        const std::string path = AbsolutePath(given);
+        const std::string extension = FileExtension(path);
+        const bool isDocument = extension == "mvd";
+        if (!FileExistsAt(path) || (!isDocument && !IsPictureExtension(extension))) {
+            const char* problem =
+                FileExistsAt(path) ? "Could not open file " : "Could not find file ";
+            if (!Quiet)
+                ShowMessage(problem + (FileExistsAt(path) ? path : given), MessageOk, "Error");
+            Recent.Remove(path);
+            continue;
+        }
+        if (!(isDocument ? OpenDocument(path, Quiet) : OpenPicture(path, Quiet)))
+            break;
+        Recent.Add(path);
+    }
+    m_frame.UpdateMainFrame();
+}
+
+std::shared_ptr<clsDocument> Session::OpenPicture(const std::string& Path, bool Quiet)
+{
+    std::shared_ptr<clsDocument> document = NewDocument();
+    if (!document)
+        return nullptr;
+    if (!document->LoadFileIntoDataBuffer(Path, Quiet) || !document->CreateImageView()) {
+        CloseDocument(*document);
+        return nullptr;
+    }
+    document->Directory = FileDirectory(Path);
+    document->HasSourceFile = true;
+    document->ImageView_Init();
+    document->ImageView()->ResizeWindow();
+    BringToFront(*document);
+    return document;
+}
+
+std::shared_ptr<clsDocument> Session::OpenDocument(const std::string& Path, bool Quiet)
+{
+    std::shared_ptr<clsDocument> document = NewDocument();
+    if (!document)
+        return nullptr;
+    if (!document->CreateImageView() || !ReadDocument(*document, Path, Quiet)) {
+        CloseDocument(*document);
+        return nullptr;
+    }
+    return document;
+}
+
+bool Session::ReplacePicture(clsDocument& Of, const std::string& Path, bool Quiet)
+{
+    if (!Of.LoadFileIntoDataBuffer(Path, Quiet))
+        return false;
+    ClearDocument(Of);
+    Of.FileName.clear();
+    Of.Directory = FileDirectory(Path);
+    Of.HasSourceFile = true;
+    Of.Modified = false;
+    Of.ImageView_Refresh();
+    if (Of.ImageViewExists())
+        Of.ImageView()->ResizeWindow();
+    m_frame.UpdateMainFrame();
+    return true;
+}
+
+bool Session::ReplaceDocument(clsDocument& Of, const std::string& Path, bool Quiet)
+{
+    if (!LineReader(Path).IsOpen())
+        return false;
+    ClearDocument(Of);
+    return ReadDocument(Of, Path, Quiet);
+}
+
+void Session::ClearDocument(clsDocument& Of)
+{
+    if (Prefs.HogWindows && Of.OutputViewsExist())
+        TakeViews(Of);
+    Of.ClearGeometry();
+}
+
+bool Session::ReadDocument(clsDocument& Into, const std::string& Path, bool Quiet)
+{
+    Into.BlankImage = true;
+    if (!Into.LoadDataFromFile(Path)) {
+        if (!Quiet)
+            ShowMessage("Could not open file " + Path, MessageOk, "Error");
+        return false;
+    }
+    Into.FileName = FileTitle(Path, false);
+    Into.Directory = FileDirectory(Path);
+    Into.HasSourceFile = true;
+    const std::string picture = FileTitle(Path, true) + ".bmp";
+    if (!Into.BlankImage && !Into.LoadFileIntoDataBuffer(Into.Directory + "/" + picture, true))
+        Into.BlankImage = true;
+    if (Into.BlankImage) {
+        Into.Title = picture;
+        Into.HasSourceFile = false;
+        Into.LoadBlankImage(NoSize, NoSize);
+    }
+    Into.ImageView_Refresh();
+    if (Into.ImageViewExists())
+        Into.ImageView()->ResizeWindow();
+    BringToFront(Into);
+    if (Into.OutputViewsExist()) {
+        Into.OutputViews_UpdateVisibility(Activation::LeaveFocus);
+        Into.UpdateAnalysis(true, false);
+        Into.OutputViews_Refresh();
+        Analyze.SetControls(Into);
+    }
+    Into.Modified = false;
+    m_frame.UpdateMainFrame();
+    return true;
+}
+
+} // namespace morvane

@@ -1,0 +1,60 @@
+// A host for documents without a session: windows that only remember where they stand, no messages.
+#pragma once
+#include <memory>
+#include <string>
+
+#include "document/DocumentHost.h"
+
+namespace morvane {
+
+template <typename Window>
+class PlainWindow : public Window {
+public:
+    void SetCaption(const std::string&) override { }
+    WindowPlace GetPlace() const override { return m_place; }
+    void SetPlace(const WindowPlace& Place) override { m_place = Place; }
+    void Show(Activation) override { }
+    void Hide() override { }
+    void Repaint() override { }
+
+private:
+    WindowPlace m_place;
+};
+
+class PlainImageWindow final : public PlainWindow<ImageWindow> {
+public:
+    void RefreshPicture() override { }
+    void ResizeWindow() override { }
+};
+
+class PlainTextWindow final : public PlainWindow<TextWindow> {
+public:
+    void SetText(const std::string&, const TextFont&, std::span<const int>) override { }
+};
+
+class PlainHost final : public DocumentHost, public DocumentWindowFactory {
+public:
+    explicit PlainHost(const Preferences& Given = {}) : Prefs(Given) { }
+
+    Preferences Prefs;
+    bool RefuseOutputViews = false;
+
+    Preferences& GetPreferences() override { return Prefs; }
+    MessageAnswer ShowMessage(const std::string&, int, const std::string&) override
+    {
+        return MessageAnswer::Ok;
+    }
+    DocumentWindowFactory& Windows() override { return *this; }
+    void ShowHourglass(bool) override { }
+
+    std::unique_ptr<ImageWindow> CreateImageWindow(clsDocument&) override
+    {
+        return std::make_unique<PlainImageWindow>();
+    }
+    std::unique_ptr<TextWindow> CreateTextWindow(clsDocument&, ViewType) override
+    {
+        return RefuseOutputViews ? nullptr : std::make_unique<PlainTextWindow>();
+    }
+};
+
+} // namespace morvane

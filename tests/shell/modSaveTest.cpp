@@ -1,0 +1,210 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "FringePicture.h"
+#include "RecordingFrame.h"
+#include "TemporaryFolder.h"
+#include "shell/modFileLib.h"
+
+namespace morvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A session with one picture of a temporary folder open.
+class Saving : public ::testing::Test {
+protected:
+    void SetUp() override { document = Open("mirror.bmp"); }
+
+    std::string At(const std::string& Name) const { return folder / Name; }
+    std::shared_ptr<clsDocument> Open(const std::string& Name)
+    {
+        WritePicture(VerticalFringes(40, 30, 8), At(Name));
+        return session.Main.OpenPicture(At(Name), true);
+    }
+    void Choose(const std::string& Name, int Filter)
+    {
+        session.Frame.Choices.push_back({{At(Name)}, Filter});
+    }
+
+    TemporaryFolder folder;
+    SilentSession session;
+    std::shared_ptr<clsDocument> document;
+};
+
+TEST_F(Saving, AnUntouchedPictureAsksNothing)
+{
+    EXPECT_TRUE(session.Main.CloseAsking(*document));
+    EXPECT_TRUE(session.Answerer.Asked.empty());
+    EXPECT_EQ(session.Main.NumOpenDocuments(), 0);
+}
+
+TEST_F(Saving, TheQuestionNamesTheFileAndItsAnswerIsFollowed)
+{
+    document->Modified = true;
+    session.Answerer.Answers = {MessageAnswer::Cancel};
+    EXPECT_FALSE(session.Main.CloseAsking(*document));
+    EXPECT_EQ(session.Main.NumOpenDocuments(), 1);
+    EXPECT_EQ(session.Answerer.Asked[0].Flags, 35);
+    EXPECT_EQ(session.Answerer.Asked[0].Title, "Morvane");
+    EXPECT_EQ(session.Answerer.TakeOnly(), "Save changes to mirror.bmp ?");
+
+    SetCircle(document->Aperture, 20, 15, 10);
+    session.Answerer.Answers = {MessageAnswer::Yes};
+    Choose("mirror.mvd", 2);
+    EXPECT_TRUE(session.Main.SaveDocumentSettings(*document));
+    EXPECT_EQ(session.Answerer.TakeOnly(), "Save changes to mirror.mvd ?");
+    EXPECT_EQ(session.Frame.Requests[0].FileName, "mirror.mvd");
+    EXPECT_EQ(session.Frame.Requests[0].FilterIndex, 2);
+    EXPECT_TRUE(fs::exists(At("mirror.mvd")));
+    EXPECT_FALSE(document->Modified);
+
+    document->Modified = true;
+    session.Answerer.Answers = {MessageAnswer::No};
+    EXPECT_TRUE(session.Main.CloseAsking(*document));
+    EXPECT_EQ(session.Answerer.TakeOnly(), "Save changes to " + At("mirror.mvd") + " ?");
+}
+
+TEST_F(Saving, ACancelledDialogOrARefusedReplacementLosesNothing)
+{
+    SetCircle(document->Aperture, 20, 15, 10);
+    document->Modified = true;
+    session.Answerer.Answers = {MessageAnswer::Yes};
+    EXPECT_FALSE(session.Main.CloseAsking(*document));
+    EXPECT_EQ(session.Main.NumOpenDocuments(), 1);
+
+    WriteWholeFile(At("other.mvd"), "precious");
+    session.Answerer.Asked.clear();
+    session.Answerer.Answers = {MessageAnswer::Yes, MessageAnswer::No};
+    Choose("other.mvd", 2);
+    EXPECT_FALSE(session.Main.CloseAsking(*document));
+    EXPECT_EQ(session.Answerer.Asked[1].Text,
+        At("other.mvd") + " already exists.\r\nDo you want to replace it?");
+    EXPECT_EQ(session.Answerer.Asked[1].Flags, 52);
+    EXPECT_EQ(session.Answerer.Asked[1].Title, "Save File As");
+    EXPECT_EQ(fs::file_size(At("other.mvd")), 8u);
+    EXPECT_TRUE(document->Modified);
+}
+
+TEST_F(Saving, ClosingAllStopsAtTheFirstCancel)
+{
+    for (const char* name : {"2.bmp", "3.bmp", "4.bmp", "5.bmp"})
+        Open(name)->Modified = true;
+    session.Answerer.Answers = {MessageAnswer::No, MessageAnswer::Cancel};
+    EXPECT_FALSE(session.Main.CloseAllAsking());
+    EXPECT_EQ(session.Main.NumOpenDocuments(), 3);
+    EXPECT_EQ(session.Main.Document(2), nullptr);
+    EXPECT_NE(session.Main.Document(3), nullptr);
+}
+
+TEST_F(Saving, APictureGoesBesideItsDocumentWheneverItIsNotThere)
+{
+    ASSERT_TRUE(session.Main.WriteDocument(At("copy.mvd"), *document));
+    EXPECT_TRUE(fs::exists(At("copy.bmp")));
+    EXPECT_EQ(document->FileName, "copy.mvd");
+    EXPECT_EQ(document->Title, "copy.bmp");
+
+    const auto written = fs::last_write_time(At("copy.bmp"));
+    fs::last_write_time(At("copy.bmp"), written - std::chrono::hours(1));
+    ASSERT_TRUE(session.Main.SaveDocument(*document));
+    EXPECT_EQ(fs::last_write_time(At("copy.bmp")), written - std::chrono::hours(1))
+        << "a clean picture is not written again";
+    document->ImageDirty = true;
+    ASSERT_TRUE(session.Main.SaveDocument(*document));
+    EXPECT_FALSE(document->ImageDirty);
+    EXPECT_NE(fs::last_write_time(At("copy.bmp")), written - std::chrono::hours(1));
+
+    fs::create_directory(At("other folder ä"));
+    ASSERT_TRUE(session.Main.WriteDocument(At("other folder ä/copy.mvd"), *document));
+    EXPECT_TRUE(fs::exists(At("other folder ä/copy.bmp")));
+}
+
+TEST_F(Saving, OnlyKnownExtensionsAndRealPicturesAreWritten)
+{
+    EXPECT_FALSE(session.Main.WriteDocument(At("mirror.txt"), *document));
+    EXPECT_EQ(session.Answerer.Asked[0].Title, "Save File As");
+    EXPECT_EQ(session.Answerer.TakeOnly(),
+        "Could not save " + At("mirror.txt") + "\r\nUnknown file type.");
+    document->LoadBlankImage(40, 30);
+    EXPECT_FALSE(session.Main.WriteDocument(At("blank.bmp"), *document));
+    EXPECT_EQ(session.Answerer.TakeOnly(), "Cannot save a blank image");
+    EXPECT_FALSE(fs::exists(At("blank.bmp")));
+}
+
+TEST_F(Saving, AFailedWriteIsAskedAboutAndTheFlagsTellTheTruth)
+{
+    document->Modified = true;
+    const std::string nowhere = At("no such folder/mirror.mvd");
+    session.Answerer.Answers = {MessageAnswer::Retry, MessageAnswer::Ignore};
+    EXPECT_FALSE(session.Main.WriteDocument(nowhere, *document));
+    ASSERT_EQ(session.Answerer.Asked.size(), 2u);
+    EXPECT_EQ(session.Answerer.Asked[0].Flags, 2);
+    EXPECT_EQ(session.Answerer.Asked[0].Text.find("Could not save " + nowhere + "\r\n"), 0u);
+    EXPECT_TRUE(document->Modified);
+    EXPECT_TRUE(document->FileName.empty());
+
+    // The document can be written, its picture cannot: a folder stands in its place.
+    session.Answerer.Asked.clear();
+    session.Answerer.Answers = {MessageAnswer::Abort};
+    fs::create_directory(At("half.bmp"));
+    EXPECT_FALSE(session.Main.WriteDocument(At("half.mvd"), *document));
+    EXPECT_TRUE(document->Modified);
+}
+
+TEST_F(Saving, APlainBitmapGoesToItsOwnFileAndAJpegToADialog)
+{
+    document->ImageDirty = true;
+    EXPECT_TRUE(session.Main.SaveDocument(*document));
+    EXPECT_TRUE(session.Frame.Requests.empty());
+    EXPECT_FALSE(document->ImageDirty);
+
+    document->Title = "mirror.jpg";
+    document->ImageDirty = true;
+    Choose("mirror2", 1);
+    EXPECT_TRUE(session.Main.SaveDocument(*document));
+    EXPECT_EQ(session.Frame.Requests[0].FileName, "mirror.bmp");
+    EXPECT_EQ(session.Frame.Requests[0].FilterIndex, 1);
+    EXPECT_TRUE(fs::exists(At("mirror2.bmp")));
+    EXPECT_EQ(document->Title, "mirror2.bmp");
+}
+
+TEST_F(Saving, DocumentsComeBackWithTheirPicture)
+{
+    SetCircle(document->Aperture, 20, 15, 10);
+    ASSERT_TRUE(session.Main.WriteDocument(At("Mirror.mvd"), *document));
+    session.Main.CloseDocument(*document);
+    session.Main.OpenFiles({At("Mirror.mvd")}, false);
+    clsDocument* opened = session.Main.Active();
+    ASSERT_NE(opened, nullptr);
+    EXPECT_EQ(opened->Aperture.GetRadii(), (Point{10, 10}));
+    EXPECT_FALSE(opened->BlankImage);
+    EXPECT_FALSE(opened->Modified);
+    EXPECT_EQ(opened->FileName, "Mirror.mvd");
+    EXPECT_EQ(session.Main.Recent.Paths(), std::vector{At("Mirror.mvd")});
+
+    session.Main.CloseDocument(*opened);
+    fs::remove(At("Mirror.bmp"));
+    session.Main.OpenFiles({At("Mirror.mvd")}, false);
+    opened = session.Main.Active();
+    ASSERT_NE(opened, nullptr);
+    EXPECT_TRUE(opened->BlankImage);
+    EXPECT_EQ(opened->Title, "Mirror.bmp");
+    EXPECT_FALSE(opened->HasSourceFile);
+    EXPECT_EQ(opened->Aperture.GetRadii(), (Point{10, 10}));
+    EXPECT_TRUE(session.Answerer.Asked.empty());
+}
+
+TEST(RecentFiles, KeepTheLastFourOnce)
+{
+    RecentFiles recent;
+    for (const char* path : {"/a", "/b", "/c", "/d", "/e", "/c"})
+        recent.Add(path);
+    EXPECT_EQ(recent.Paths(), (std::vector<std::string>{"/c", "/e", "/d", "/b"}));
+    recent.Remove("/e");
+    recent.Remove("/x");
+    EXPECT_EQ(recent.Paths(), (std::vector<std::string>{"/c", "/d", "/b"}));
+}
+
+} // namespace
+} // namespace morvane
