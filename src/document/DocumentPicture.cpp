@@ -65,7 +65,7 @@ FileResult clsDocument::SaveDataBufferToBMP(const std::string& Path)
     if (BlankImage || m_size.Width < 1 || m_size.Height < 1)
         return {"Cannot save a blank image"};
     try {
-        const FileResult written = WriteWholeFile(Path, BmpFromBuffer(m_image));
+        FileResult written = WriteWholeFile(Path, BmpFromBuffer(m_image));
         if (written)
             ImageDirty = false;
         return written;

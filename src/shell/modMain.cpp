@@ -148,7 +148,7 @@ void Session::OpenFiles(const std::vector<std::string>& Paths, bool Quiet)
 
 std::shared_ptr<clsDocument> Session::OpenPicture(const std::string& Path, bool Quiet)
 {
-    const std::shared_ptr<clsDocument> document = NewDocument();
+    std::shared_ptr<clsDocument> document = NewDocument();
     if (!document)
         return nullptr;
     if (!document->LoadFileIntoDataBuffer(Path, Quiet) || !document->CreateImageView()) {
