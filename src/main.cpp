@@ -58,15 +58,21 @@ int Run(QApplication& Application, morvane::QtMessages& Messages,
     frame.show();
     session.StartGrabber(QApplication::applicationDirPath().toStdString());
 
-    // Without a bus the program runs by hand all the same; a server that has lost it is of no use.
+    // Without a bus the program runs by hand all the same; a server without one is of no use.
     morvane::MorvaneBus bus(session);
-    if (bus.Register() && CommandLine.Embedding)
+    const bool serves = bus.Register();
+    if (CommandLine.Embedding) {
+        if (!serves) {
+            std::fputs("morvane: there is no session bus, or another program serves it\n", stderr);
+            return EXIT_FAILURE;
+        }
         QObject::connect(&bus, &morvane::MorvaneBus::Disconnected, &frame, [&] {
             if (QGuiApplication::platformName() == "offscreen")
                 frame.EndUnasked();
             else
                 frame.close();
         });
+    }
     const morvane::EndSignals end;
     QObject::connect(&end, &morvane::EndSignals::Received, &frame, &morvane::frmMain::EndUnasked);
     // In the first turn of the event loop the window is on the screen, and its size is known.

@@ -22,7 +22,8 @@ bool CanFit(std::size_t NumSamples, const MaskView& Mask);
 // did. 0 asks for as many terms as the number of samples carries, and a polygon that covers little
 // of the circle lowers any number: the number taken is written back. Where the terms are nearly
 // dependent, as in a thin aperture, the solution is refined on the residual heights; coefficients
-// come out within 1e-9 down to an aperture ten times as long as wide.
+// come out within 1e-9 down to an aperture ten times as long as wide, and up to an obstruction of
+// 0.8 of the radius.
 //
 // Unless CanFit, nothing happens, Coefficients included, and the number given comes back. All
 // coefficients are 0 if a term depends on those before it exactly, or if the numbers leave the

@@ -27,7 +27,8 @@ struct FitColumns {
     alignas(RegisterBytes) double Values[NumFitColumns][FitBlockSize];
 };
 
-// Sum of each column, and of each product of two, the lower triangle row by row.
+// Sum of each column, and of each product of two, the lower triangle row by row; that of the
+// heights with themselves is not needed and stays 0.
 struct FitSums {
     static constexpr int NumProducts = NumFitColumns * (NumFitColumns + 1) / 2;
     static constexpr int ProductIndex(int Row, int Column) { return Row * (Row + 1) / 2 + Column; }

@@ -5,7 +5,7 @@
 //
 // A fringe has two addresses, both counted from 1: its order, as shown to the user, and its
 // index, the slot it lies in. Where an operation takes both, Index == NoFringe means "search by
-// Order" and comes back as the slot found, so that a loop searches only once.
+// Order"; taken by reference, it comes back as the slot found, so that a loop searches only once.
 //
 // The store never complains: an order, index or tick out of range is ignored or answered by a
 // marker. What the user is told is the caller's decision.

@@ -70,6 +70,10 @@ void clsShape::SaveEllipse(std::span<const Point> Points)
     const auto ellipse = EllipseFrom3Points(Points[0], Points[1], Points[2]);
     if (!ellipse || !IsFinite(ellipse->Center) || !IsFinite({ellipse->RadiusX, ellipse->RadiusY}))
         return;
+    // A third point on an end of the axis leaves nothing but rounding.
+    constexpr double leastRatio = 1e-6;
+    if (!(ellipse->RadiusY > leastRatio * ellipse->RadiusX))
+        return;
     m_type = ShapeKind::Ellipse;
     m_center = ellipse->Center;
     m_radii = {ellipse->RadiusX, ellipse->RadiusY};
@@ -78,7 +82,8 @@ void clsShape::SaveEllipse(std::span<const Point> Points)
 
 void clsShape::SavePolygon(std::span<const Point> Points)
 {
-    if (Points.size() < 3 || Points.size() > MaxVertices) {
+    if (Points.size() < 3 || Points.size() > MaxVertices
+        || !std::ranges::all_of(Points, IsFinite)) {
         m_type = ShapeKind::None;
         return;
     }

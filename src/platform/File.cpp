@@ -30,14 +30,17 @@ FileResult LastFailure()
 
 class FileDescriptor {
 public:
-    FileDescriptor(const std::string& path, int flags, mode_t mode = 0)
-        : m_handle(open(path.c_str(), flags | O_CLOEXEC, mode))
-    {
-    }
+    FileDescriptor() = default;
+    FileDescriptor(const std::string& path, int flags) { Open(path, flags); }
     ~FileDescriptor() { Close(); }
     FileDescriptor(const FileDescriptor&) = delete;
     FileDescriptor& operator=(const FileDescriptor&) = delete;
 
+    void Open(const std::string& path, int flags, mode_t mode = 0)
+    {
+        Close();
+        m_handle = open(path.c_str(), flags | O_CLOEXEC, mode);
+    }
     bool IsOpen() const { return m_handle >= 0; }
     int Get() const { return m_handle; }
     // False if the system could not keep what was written.
@@ -48,7 +51,7 @@ public:
     }
 
 private:
-    int m_handle;
+    int m_handle = -1;
 };
 
 FileResult OnlyRegular(const struct stat& status)
@@ -97,18 +100,20 @@ fs::path FollowLinks(fs::path path)
     return path;
 }
 
-// A name beside the target that no file has had in this process.
+// A name beside the target; a process before this one may have left a file of it.
 std::string TemporaryName(const fs::path& folder)
 {
     static std::atomic<unsigned> counter = 0;
     return folder / (".morvane-" + std::to_string(getpid()) + "-" + std::to_string(++counter));
 }
 
-// Permissions come before the bytes, so that nobody reads what the old file kept from them.
+// Permissions come before the bytes, so that nobody reads what the old file kept from them. Some
+// file systems have none: there the call fails, and nothing is lost by that.
 FileResult FillFile(FileDescriptor& file, const struct stat* replaced, std::string_view bytes)
 {
     constexpr mode_t permissionBits = 07777;
-    if (replaced != nullptr && fchmod(file.Get(), replaced->st_mode & permissionBits) != 0)
+    if (replaced != nullptr && fchmod(file.Get(), replaced->st_mode & permissionBits) != 0
+        && errno != EPERM && errno != ENOTSUP)
         return LastFailure();
     if (!WriteFully(file.Get(), bytes) || fsync(file.Get()) != 0 || !file.Close())
         return LastFailure();
@@ -118,8 +123,12 @@ FileResult FillFile(FileDescriptor& file, const struct stat* replaced, std::stri
 FileResult ReplaceFile(const fs::path& target, const struct stat* replaced, std::string_view bytes)
 {
     const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-    const std::string temporary = TemporaryName(folder);
-    FileDescriptor file(temporary, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    std::string temporary;
+    FileDescriptor file;
+    do {
+        temporary = TemporaryName(folder);
+        file.Open(temporary, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    } while (!file.IsOpen() && errno == EEXIST);
     if (!file.IsOpen())
         return LastFailure();
     FileResult result = FillFile(file, replaced, bytes);

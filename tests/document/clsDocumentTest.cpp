@@ -168,6 +168,22 @@ TEST_F(TracedDocument, TraceNeedsAnApertureAndAPicture)
     EXPECT_FALSE(document->HasImageBuffer());
 }
 
+TEST(clsDocumentTrace, TooManyFringesAreToldAndThoseFoundStay)
+{
+    SilentSession session;
+    clsDocument document(session.Main);
+    const std::string path = ::testing::TempDir() + "morvane_many.bmp";
+    WritePicture(VerticalFringes(4200, 360, 20), path);
+    ASSERT_TRUE(document.LoadFileIntoDataBuffer(path, false));
+    const Point corners[] = {{2, 2}, {4197, 2}, {4197, 357}, {2, 357}};
+    document.Aperture.Save(ShapeKind::Polygon, corners);
+    EXPECT_TRUE(document.AutoTraceFringes(FringeDirection::Vertical, FringeDensity::Normal));
+    ASSERT_EQ(session.Answerer.Asked.size(), 1u);
+    EXPECT_EQ(session.Answerer.Asked[0].Title, "Error");
+    EXPECT_EQ(session.Answerer.TakeOnly(), "Too many fringes");
+    EXPECT_EQ(document.Fringes.NumFringes(), 200);
+}
+
 // The coefficients are given, so the figures are computed on a mask that has no cell or all of
 // them.
 TEST_F(TracedDocument, UselessAperturesGiveFiguresThatAreNumbers)

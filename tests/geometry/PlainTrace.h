@@ -3,6 +3,7 @@
 // the same ticks. Numbering is not repeated here.
 #pragma once
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
@@ -206,11 +207,27 @@ private:
     const TraceParameters& P;
 };
 
+// Densities 1 to 4, a column each.
+inline TraceParameters ParametersOf(FringeDensity density)
+{
+    const int i = static_cast<int>(density) - 1;
+    TraceParameters parameters{};
+    parameters.TickRowStep = std::array{4, 6, 8, 12}[i];
+    parameters.TickDistSq = std::array{36, 81, 144, 256}[i];
+    parameters.SameFringeTol = std::array{2.0, 3.0, 4.0, 6.0}[i];
+    parameters.OtherFringeTol = std::array{10.0, 10.0, 10.0, 12.0}[i];
+    parameters.ScanRowStep = std::array{20, 20, 20, 25}[i];
+    parameters.MinTicks = 8;
+    parameters.EdgeGap = 25;
+    parameters.ObstructionWindow = 15;
+    return parameters;
+}
+
 // False if the store was too small.
 inline bool AutoTrace(clsFringes& fringes, const clsMask& mask, const Picture& image,
     FringeDirection direction, FringeDensity density)
 {
-    const TraceParameters parameters = AutoTraceParameters(density);
+    const TraceParameters parameters = ParametersOf(density);
     fringes.DeleteAll();
     const auto cells = mask.View().Cells;
     Picture s = Smoothed(mask.HalfSize ? Doubled(image) : image);

@@ -120,7 +120,7 @@ TEST(clsMaskTrim, TakesTheCellsThatTheWalksMark)
     }
 }
 
-// A square of 20 x 20 cells: the left side is cut only in the first row, by the rows' walks, and in
+// A rectangle of 20 columns by 19 rows: the left side is cut only in the first row, by the rows' walks, and in
 // all columns top and bottom are.
 TEST(clsMaskTrim, SparesTheLeftSideInMostRows)
 {

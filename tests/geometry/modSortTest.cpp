@@ -118,19 +118,51 @@ TEST(SortOrders, LooksForTheObstructionInItsWindow)
         EXPECT_EQ(sortPieces({c.Upper, c.Lower}).size(), c.Joins ? 1U : 2U) << c.Name;
 }
 
-// The last row inside is 289.
+// The rows inside are 10 to 289. A second fringe waits at the other side of the obstruction, broken
+// there, so that an end that is marked is joined.
 TEST(SortOrders, DoesNotMarkAnEndWithinTheGapOfTheEdge)
 {
     std::vector<std::uint8_t> cells = obstructedCells();
-    for (int y = 270; y < 285; ++y)
-        cells[y * Width + 100] = MaskObstruction;
-    for (const int bottom : {263, 264}) {
+    for (const int row : {15, 275})
+        for (int y = row; y < row + 10; ++y)
+            cells[y * Width + 100] = MaskObstruction;
+    const struct {
+        const char* Name;
+        double Top, Bottom, OtherTop, OtherBottom;
+        bool IsJoined;
+    } cases[] = {
+        {"bottom beyond the gap", 172, 263, 172, 280, true},
+        {"bottom at the gap", 172, 264, 172, 280, false},
+        {"top beyond the gap", 36, 100, 20, 128, true},
+        {"top at the gap", 35, 100, 20, 128, false},
+    };
+    for (const auto& c : cases) {
         clsFringes fringes;
-        fringes.InsertOrder(1, std::vector<Point>{{100, 172}, {100, double(bottom)}});
-        fringes.InsertOrder(2, std::vector<Point>{{101, 172}, {101, 280}});
+        fringes.InsertOrder(1, std::vector<Point>{{100, c.Top}, {100, c.Bottom}});
+        fringes.InsertOrder(2, std::vector<Point>{{101, c.OtherTop}, {101, c.OtherBottom}});
         SortOrders(fringes, {cells, Width, Height}, Orientation::Upright,
             AutoTraceParameters(FringeDensity::Normal));
-        EXPECT_EQ(fringes.Ticks(1).size(), bottom == 263 ? 4U : 2U) << bottom;
+        EXPECT_EQ(fringes.Ticks(1).size(), c.IsJoined ? 4U : 2U) << c.Name;
+    }
+}
+
+TEST(SortOrders, HalvesThatDoNotFitIntoOneFringeStayTwo)
+{
+    const auto piece = [](double x, double top, double bottom, int count) {
+        std::vector<Point> ticks(count, Point{x, (top + bottom) / 2});
+        ticks.front().Y = top;
+        ticks.back().Y = bottom;
+        return ticks;
+    };
+    const auto cells = obstructedCells();
+    for (const int count : {2000, 2001}) {
+        clsFringes fringes;
+        fringes.InsertOrder(1, piece(100, 12, 128, 2000));
+        fringes.InsertOrder(2, piece(101, 172, 287, count));
+        SortOrders(fringes, {cells, Width, Height}, Orientation::Upright,
+            AutoTraceParameters(FringeDensity::Normal));
+        EXPECT_EQ(fringes.Ticks(1).size(), count == 2000 ? 4000U : 2000U);
+        EXPECT_EQ(fringes.GetFringeIndex(2), count == 2000 ? NoFringe : 2);
     }
 }
 
