@@ -20,8 +20,7 @@ namespace {
 
 constexpr const char* Usage =
     "Usage: morvane [FILE]\n"
-    "Analyzes interferograms. FILE is a picture (jpg, bmp, rle) or a document\n"
-    "(mvd) to open.\n"
+    "Analyzes interferograms. FILE, a picture (jpg, bmp, rle) or a document (mvd), is opened.\n"
     "\n"
     "  -Embedding  start with no document, to serve scripts\n"
     "  --help      show this text\n"

@@ -102,8 +102,8 @@ Raised<bool> MorvaneDoc::Save(const Variant& Path)
     if (!std::holds_alternative<std::monostate>(Path)) {
         const auto* given = std::get_if<std::string>(&Path);
         if (!given)
-            return AutomationError{ErrorInvalidType,
-                "'Save' must be passed a file path in the form of a string."};
+            return AutomationError{
+                ErrorInvalidType, "'Save' must be passed a file path in the form of a string."};
         return document && m_session.WriteDocument(AbsolutePath(*given), *document);
     }
     if (!document || document->FileName.empty())

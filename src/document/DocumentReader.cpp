@@ -38,7 +38,7 @@ public:
     // False if the output views cannot be had.
     bool Read()
     {
-        while (!m_hasFailed && m_parser.ReadLine())
+        while (!m_hasFailed && m_parser.Readline())
             ReadPairs();
         if (m_hasFailed)
             return false;

@@ -127,7 +127,8 @@ public:
     // stay.
     void ClearGeometry();
 
-    // --- Document file: all but the picture and what can be derived, as text lines of key and value
+    // --- Document file: all but the picture and what can be derived, as text lines of key and
+    // value
     std::string DataText() const;
     // Writes the text; afterwards Path is the old file or the new one, whole, and in the latter
     // case the document is not modified any more.

@@ -37,7 +37,7 @@ std::string LowerCase(std::string_view text)
 
 } // namespace
 
-bool clsParser::ReadLine()
+bool clsParser::Readline()
 {
     m_position = 0;
     return m_lines.ReadLine(m_line);
@@ -74,7 +74,7 @@ int clsParser::GetLong()
     return RoundToLong(GetNumber());
 }
 
-int clsParser::TokenCount()
+int clsParser::Tokencount()
 {
     ReReadLine();
     int count = 0;

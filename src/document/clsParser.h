@@ -16,7 +16,7 @@ public:
     explicit clsParser(LineReader& Lines) : m_lines(Lines) { }
 
     // False at the end of the file; a read error ends the file.
-    bool ReadLine();
+    bool Readline();
     // Empty at the end of the line.
     std::string_view GetToken();
     // GetToken in lower case, for keywords.
@@ -29,7 +29,7 @@ public:
     void ReReadLine() { m_position = 0; }
     void SkipLine() { m_position = m_line.size(); }
     // The number of tokens of the line; leaves the position at its end.
-    int TokenCount();
+    int Tokencount();
 
     // A number other than 0, or one of "#TRUE#", "TRUE", "YES", "ON" in any case.
     static bool BooleanParse(std::string_view Text);

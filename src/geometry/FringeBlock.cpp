@@ -43,7 +43,7 @@ public:
 
     void Read()
     {
-        while (m_parser.ReadLine())
+        while (m_parser.Readline())
             for (std::string keyword = m_parser.GetKeyword(); !keyword.empty();
                  keyword = m_parser.GetKeyword())
                 if (!ReadGroup(keyword))

@@ -64,7 +64,7 @@ void clsShape::SaveToFile(std::string& Text) const
 void clsShape::LoadFromFile(clsParser& Parser)
 {
     int numRead = 0;
-    while (Parser.ReadLine())
+    while (Parser.Readline())
         for (std::string keyword = Parser.GetKeyword(); !keyword.empty();
              keyword = Parser.GetKeyword())
             if (!LoadGroup(Parser, keyword, numRead))

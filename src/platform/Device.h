@@ -15,8 +15,8 @@ struct Color {
     std::uint8_t Red = 0, Green = 0, Blue = 0;
     friend bool operator==(const Color&, const Color&) = default;
 };
-inline constexpr Color Black {0, 0, 0}, White {255, 255, 255};
-inline constexpr Color Cyan {0, 255, 255}, Magenta {255, 0, 255}, Yellow {255, 255, 0};
+inline constexpr Color Black{0, 0, 0}, White{255, 255, 255};
+inline constexpr Color Cyan{0, 255, 255}, Magenta{255, 0, 255}, Yellow{255, 255, 0};
 
 enum class RasterOp { Copy, Xor };
 

@@ -73,6 +73,7 @@ bool Session::WritePicture(const std::string& Path, clsDocument& Of)
     if (!Of.BlankImage && (Of.ImageDirty || Of.PicturePath != Path)) {
         if (!WriteWithQuestion(Path, [&] { return Of.SaveDataBufferToBMP(Path); })) {
             Of.Modified = true;
+            m_frame.UpdateMainFrame();
             return false;
         }
         Of.Title = FileTitle(Path, false);

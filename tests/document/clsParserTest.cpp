@@ -12,12 +12,12 @@ using Tokens = std::vector<std::string>;
 Tokens TokensOf(const std::string& line)
 {
     TextParser parser(line + "\n");
-    EXPECT_TRUE(parser->ReadLine());
+    EXPECT_TRUE(parser->Readline());
     Tokens tokens;
     for (std::string token(parser->GetToken()); !token.empty(); token = parser->GetToken())
         tokens.push_back(token);
     EXPECT_EQ(parser->GetToken(), "");
-    EXPECT_EQ(parser->TokenCount(), static_cast<int>(tokens.size()));
+    EXPECT_EQ(parser->Tokencount(), static_cast<int>(tokens.size()));
     return tokens;
 }
 
@@ -45,25 +45,25 @@ TEST(clsParser, LinesFallIntoTokens)
 TEST(clsParser, ALineCanBeGivenBackAndSkipped)
 {
     TextParser parser("Order, 3\nlast");
-    ASSERT_TRUE(parser->ReadLine());
+    ASSERT_TRUE(parser->Readline());
     EXPECT_EQ(parser->GetKeyword(), "order");
     EXPECT_EQ(parser->GetLong(), 3);
     parser->ReReadLine();
     EXPECT_EQ(parser->GetToken(), "Order");
     parser->SkipLine();
     EXPECT_EQ(parser->GetToken(), "");
-    EXPECT_EQ(parser->TokenCount(), 2);
+    EXPECT_EQ(parser->Tokencount(), 2);
     EXPECT_EQ(parser->GetToken(), "") << "counting ends at the end of the line";
-    ASSERT_TRUE(parser->ReadLine());
+    ASSERT_TRUE(parser->Readline());
     EXPECT_EQ(parser->GetToken(), "last");
-    EXPECT_FALSE(parser->ReadLine());
+    EXPECT_FALSE(parser->Readline());
     EXPECT_EQ(parser->GetToken(), "");
 }
 
 TEST(clsParser, NumbersAreTheBeginningOfATokenElseZero)
 {
     TextParser parser("2.5mm 1e400 word -2.5,3.5");
-    ASSERT_TRUE(parser->ReadLine());
+    ASSERT_TRUE(parser->Readline());
     EXPECT_EQ(parser->GetNumber(), 2.5);
     EXPECT_EQ(parser->GetLong(), 2147483647);
     EXPECT_EQ(parser->GetNumber(), 0);

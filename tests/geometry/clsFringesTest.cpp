@@ -376,13 +376,13 @@ TEST(clsFringesBlock, ComesBackToTheBitAndLeavesTheNextLine)
     std::string text;
     fringes.SaveToFile(text);
     TextParser parser(text + "Next\r\n");
-    parser->ReadLine(); // "Fringes" is the document's
+    parser->Readline(); // "Fringes" is the document's
     clsFringes read;
     read.LoadFromFile(parser);
     EXPECT_EQ(Orders(read), Orders(fringes));
     for (int index = 1; index <= 3; ++index)
         EXPECT_THAT(read.Ticks(index), ::testing::ElementsAreArray(fringes.Ticks(index)));
-    ASSERT_TRUE(parser->ReadLine());
+    ASSERT_TRUE(parser->Readline());
     EXPECT_EQ(parser->GetKeyword(), "next");
 }
 

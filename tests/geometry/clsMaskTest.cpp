@@ -120,8 +120,8 @@ TEST(clsMaskTrim, TakesTheCellsThatTheWalksMark)
     }
 }
 
-// A rectangle of 20 columns by 19 rows: the left side is cut only in the first row, by the rows' walks, and in
-// all columns top and bottom are.
+// A rectangle of 20 columns by 19 rows: the left side is cut only in the first row, by the rows'
+// walks, and in all columns top and bottom are.
 TEST(clsMaskTrim, SparesTheLeftSideInMostRows)
 {
     clsMask mask;

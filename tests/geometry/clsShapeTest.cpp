@@ -343,13 +343,13 @@ TEST(clsShapeBlock, ComesBackToTheBitAndLeavesTheNextLine)
     std::string text;
     shape.SaveToFile(text);
     TextParser parser(text + "Next");
-    parser->ReadLine(); // "Aperture" is the document's
+    parser->Readline(); // "Aperture" is the document's
     clsShape read(ShapeRole::Aperture);
     read.LoadFromFile(parser);
     EXPECT_EQ(read.GetCenter(), shape.GetCenter());
     EXPECT_EQ(read.GetRadii(), shape.GetRadii());
     EXPECT_THAT(read.Vertices(), ElementsAreArray(shape.Vertices()));
-    ASSERT_TRUE(parser->ReadLine());
+    ASSERT_TRUE(parser->Readline());
     EXPECT_EQ(parser->GetKeyword(), "next");
 }
 
