@@ -122,7 +122,11 @@ Raised<bool> MorvaneDoc::Stretch(const Variant& Ratio)
         return AutomationError{ErrorInvalidNumber, "A stretch ratio must be numeric."};
     if (*ratio <= 0)
         return AutomationError{ErrorInvalidNumber, "A stretch ratio must greater than zero."};
-    document->StretchImage(*ratio);
+    if (!document->StretchImage(*ratio))
+        return false;
+    if (document->ImageViewExists())
+        document->ImageView()->ResizeWindow();
+    m_session.Frame().UpdateMainFrame();
     return true;
 }
 

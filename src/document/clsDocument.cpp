@@ -71,6 +71,14 @@ void clsDocument::TakeImageSize(RasterSize Size)
     m_size = Size;
 }
 
+void clsDocument::ClearImage()
+{
+    LoadBlankImage(NoSize, NoSize);
+    m_size = {NoSize, NoSize};
+    PicturePath.clear();
+    Title.clear();
+}
+
 void clsDocument::LoadBlankImage(int Width, int Height)
 {
     if (Width != NoSize && Height != NoSize)

@@ -118,6 +118,8 @@ public:
     // tick and shape positions stay. Without a picture, and for aspects of 1 or not above 0, there
     // is nothing to do. False, with the old picture, if the new one would be too large.
     bool StretchImage(double Aspect);
+    // Back to no picture and no size.
+    void ClearImage();
     // Takes a size, NoSize for none, without a picture.
     void LoadBlankImage(int Width, int Height);
     // Writes the picture as an 8-bit BMP with a grey ramp, whatever the display shows, and it is

@@ -92,13 +92,17 @@ void clsGrid::Resize(double X, double Y, int Corner)
 
 void clsGrid::UpdateCellCounts()
 {
-    if (!IsDefined(GridIsCalibrated + GridHasBounds))
+    if (!IsDefined(GridIsCalibrated + GridHasBounds)) {
+        // Bounds that hold no row have no cells; a grid that never had any keeps its counts.
+        if (PixelWidth == 0 || PixelHeight == 0)
+            CellCountX = CellCountY = 0;
         return;
+    }
     // A rounding shortfall must not lose a row.
     constexpr double almostOne = 0.99999999999999;
     CellCountX = Whole(PhysicalWidth / CellWidth);
     const double rows = PixelHeight / RowHeight();
-    CellCountY = Whole(rows - std::floor(rows) >= almostOne ? rows + 1 : rows);
+    CellCountY = Whole(rows) + (rows - std::floor(rows) >= almostOne ? 1 : 0);
 }
 
 Point clsGrid::GetCenter() const

@@ -65,8 +65,9 @@ std::optional<ZernikeSet> ReadDocumentCoefficients(LineReader& Lines)
 
 std::string FileExtension(std::string_view Path)
 {
-    const std::size_t point = Path.rfind('.');
-    return point == std::string_view::npos ? "" : LowerCase(Path.substr(point + 1));
+    const std::string title = FileTitle(Path, false);
+    const std::size_t point = title.rfind('.');
+    return point == std::string::npos ? "" : LowerCase(std::string_view(title).substr(point + 1));
 }
 
 std::string FileTitle(std::string_view Path, bool StripExtension)
@@ -83,6 +84,13 @@ std::string FileDirectory(std::string_view Path)
 {
     const std::size_t separator = Path.rfind('/');
     return std::string(separator == std::string_view::npos ? "" : Path.substr(0, separator));
+}
+
+std::string SidePicture(const std::string& DocumentPath)
+{
+    const std::string base = FileDirectory(DocumentPath) + "/" + FileTitle(DocumentPath, true);
+    const bool isCapital = !FileExistsAt(base + ".bmp") && FileExistsAt(base + ".BMP");
+    return base + (isCapital ? ".BMP" : ".bmp");
 }
 
 bool IsPictureExtension(std::string_view Extension)

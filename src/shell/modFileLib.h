@@ -12,10 +12,12 @@ namespace morvane {
 
 class clsDocument;
 
-// Text after the last ".", in lower case; empty if none.
+// Text after the last "." of the file's name, in lower case; empty if none.
 std::string FileExtension(std::string_view Path);
 std::string FileTitle(std::string_view Path, bool StripExtension);
 std::string FileDirectory(std::string_view Path);
+// The picture beside a document: of the same name with ".bmp", or ".BMP" if only that is there.
+std::string SidePicture(const std::string& DocumentPath);
 // Of a picture that can be opened; Extension in lower case.
 bool IsPictureExtension(std::string_view Extension);
 // Whether there is a file, not a folder, at Path.

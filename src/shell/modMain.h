@@ -130,7 +130,9 @@ private:
 
     bool ReadDocument(clsDocument& Into, const std::string& Path, bool Quiet);
     void ClearDocument(clsDocument& Of);
+    bool WriteTextAndPicture(const std::string& Path, clsDocument& Of);
     bool WritePicture(const std::string& Path, clsDocument& Of);
+    bool MayTakePicture(const std::string& Path, bool ReplacesDocument, const clsDocument& Of);
     bool WriteWithQuestion(const std::string& Path, const std::function<FileResult()>& Write);
     bool MayReplace(const std::string& Path, const std::string& Title);
     std::optional<std::string> AskExport(

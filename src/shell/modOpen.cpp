@@ -33,8 +33,10 @@ void Session::OpenFiles(const std::vector<std::string>& Paths, bool Quiet)
             Recent.Remove(path);
             continue;
         }
-        if (!(isDocument ? OpenDocument(path, Quiet) : OpenPicture(path, Quiet)))
+        if (!(isDocument ? OpenDocument(path, Quiet) : OpenPicture(path, Quiet))) {
+            Recent.Remove(path);
             break;
+        }
         Recent.Add(path);
     }
     m_frame.UpdateMainFrame();
@@ -90,6 +92,10 @@ bool Session::ReplaceDocument(clsDocument& Of, const std::string& Path, bool Qui
     if (!LineReader(Path).IsOpen())
         return false;
     ClearDocument(Of);
+    // Should the reading fail, nothing may go over the old file.
+    Of.FileName.clear();
+    Of.HasSourceFile = false;
+    Of.ClearImage();
     return ReadDocument(Of, Path, Quiet);
 }
 
@@ -111,18 +117,21 @@ bool Session::ReadDocument(clsDocument& Into, const std::string& Path, bool Quie
     Into.FileName = FileTitle(Path, false);
     Into.Directory = FileDirectory(Path);
     Into.HasSourceFile = true;
-    const std::string picture = FileTitle(Path, true) + ".bmp";
-    if (!Into.BlankImage && !Into.LoadFileIntoDataBuffer(Into.Directory + "/" + picture, true))
+    const std::string picture = SidePicture(Path);
+    if (!Into.BlankImage && !Into.LoadFileIntoDataBuffer(picture, true))
         Into.BlankImage = true;
     if (Into.BlankImage) {
-        Into.Title = picture;
+        Into.Title = FileTitle(picture, false);
         Into.HasSourceFile = false;
         Into.LoadBlankImage(NoSize, NoSize);
     }
     Into.ImageView_Refresh();
     if (Into.ImageViewExists())
         Into.ImageView()->ResizeWindow();
+    // The views that the file says, not those of the document before.
+    const PerView<bool> visible = Into.Visible;
     BringToFront(Into);
+    Into.Visible = visible;
     if (Into.OutputViewsExist()) {
         Into.OutputViews_UpdateVisibility(Activation::LeaveFocus);
         Into.UpdateAnalysis(true, false);

@@ -1,5 +1,6 @@
 // Saving: the document's text and its picture beside it, the questions before, and the exports.
-#include "platform/Numbers.h"
+#include <algorithm>
+
 #include "shell/modFileLib.h"
 #include "shell/modMain.h"
 
@@ -14,24 +15,28 @@ std::string WithExtension(const std::string& Name, const char* Extension)
     return FileTitle(Name, true) + Extension;
 }
 
-// Name with ".bmp", unless it has an extension already.
+// The name that a picture of this name has as a bitmap.
 std::string AsBitmapName(const std::string& Name)
 {
-    return FileExtension(Name).empty() ? Name + ".bmp" : Name;
+    const std::string extension = FileExtension(Name);
+    if (extension == "bmp")
+        return Name;
+    return IsPictureExtension(extension) ? WithExtension(Name, ".bmp") : Name + ".bmp";
 }
 
 // Whether a picture file alone would lose something of it.
-bool NeedsDocumentFile(const clsDocument& Of)
+bool NeedsDocumentFile(const clsDocument& Of, const Preferences& Defaults)
 {
+    const UserData given = Defaults.SetAsDefault ? Defaults.DefaultUserData : UserData{};
     return Of.OutputViewsExist() || Of.Fringes.NumFringes() > 0
         || Of.Aperture.GetShapeType() != ShapeKind::None
-        || Of.Obstruction.GetShapeType() != ShapeKind::None || Of.BlankImage || Of.Grid.IsDefined(3)
-        || Of.Optic != UserData{};
+        || Of.Obstruction.GetShapeType() != ShapeKind::None || Of.BlankImage
+        || Of.HasReferenceZernikes || Of.Grid.IsDefined(GridIsCalibrated) || Of.Optic != given;
 }
 
 } // namespace
 
-// Repeats Write until it succeeds or the user gives up; Ignore goes on without it.
+// Repeats Write until it succeeds or the user does not ask for that.
 bool Session::WriteWithQuestion(const std::string& Path, const std::function<FileResult()>& Write)
 {
     for (;;) {
@@ -47,42 +52,72 @@ bool Session::WriteWithQuestion(const std::string& Path, const std::function<Fil
 bool Session::WriteDocument(const std::string& Path, clsDocument& Of)
 {
     const std::string extension = FileExtension(Path);
-    std::string picture = Path;
-    if (extension == "mvd") {
-        if (!WriteWithQuestion(Path, [&] { return Of.SaveDataToFile(Path); }))
-            return false;
-        Of.FileName = FileTitle(Path, false);
-        Of.Directory = FileDirectory(Path);
-        picture = Of.Directory + "/" + WithExtension(Path, ".bmp");
-        Recent.Add(Path);
-    } else if (extension == "bmp") {
-        if (Of.BlankImage) {
-            ShowMessage("Cannot save a blank image", MessageWarningSign, "Warning");
-            return false;
-        }
-        Of.ImageDirty = true;
-    } else {
+    if (extension == "mvd")
+        return WriteTextAndPicture(Path, Of);
+    if (extension != "bmp") {
         ShowMessage("Could not save " + Path + "\r\nUnknown file type.", MessageOk, "Save File As");
         return false;
     }
-    return WritePicture(picture, Of);
+    if (Of.BlankImage) {
+        ShowMessage("Cannot save a blank image", MessageWarningSign, "Warning");
+        return false;
+    }
+    Of.ImageDirty = true;
+    if (!WritePicture(Path, Of))
+        return false;
+    if (Of.FileName.empty())
+        Of.Directory = FileDirectory(Path);
+    if (!NeedsDocumentFile(Of, Prefs))
+        Of.Modified = false;
+    Of.UpdateCaptions();
+    m_frame.UpdateMainFrame();
+    return true;
+}
+
+// The document has its new name only when both of its files are written.
+bool Session::WriteTextAndPicture(const std::string& Path, clsDocument& Of)
+{
+    const std::string picture = SidePicture(Path);
+    if (!MayTakePicture(picture, FileExistsAt(Path), Of)
+        || !WriteWithQuestion(Path, [&] { return Of.SaveDataToFile(Path); }))
+        return false;
+    if (!WritePicture(picture, Of)) {
+        Of.Modified = true;
+        m_frame.UpdateMainFrame();
+        return false;
+    }
+    Of.FileName = FileTitle(Path, false);
+    Of.Directory = FileDirectory(Path);
+    Recent.Add(Path);
+    Of.UpdateCaptions();
+    m_frame.UpdateMainFrame();
+    return true;
+}
+
+// A picture that is not this document's must not go without a word: one that stands there alone,
+// or that another open document shows. One beside a document goes with the document.
+bool Session::MayTakePicture(const std::string& Path, bool ReplacesDocument, const clsDocument& Of)
+{
+    if (Of.BlankImage || Of.PicturePath == Path || !FileExistsAt(Path))
+        return true;
+    const bool isShown = std::ranges::any_of(m_documents, [&](const auto& other) {
+        return other && other.get() != &Of && other->PicturePath == Path;
+    });
+    return (ReplacesDocument && !isShown) || MayReplace(Path, "Save File As");
 }
 
 bool Session::WritePicture(const std::string& Path, clsDocument& Of)
 {
-    if (!Of.BlankImage && (Of.ImageDirty || Of.PicturePath != Path)) {
-        if (!WriteWithQuestion(Path, [&] { return Of.SaveDataBufferToBMP(Path); })) {
-            Of.Modified = true;
-            m_frame.UpdateMainFrame();
-            return false;
-        }
-        Of.Title = FileTitle(Path, false);
-        Of.HasSourceFile = true;
-        if (Of.FileName.empty())
-            Of.Directory = FileDirectory(Path);
-    }
-    Of.UpdateCaptions();
-    m_frame.UpdateMainFrame();
+    if (Of.BlankImage || (!Of.ImageDirty && Of.PicturePath == Path && FileExistsAt(Path)))
+        return true;
+    if (!WriteWithQuestion(Path, [&] { return Of.SaveDataBufferToBMP(Path); }))
+        return false;
+    Of.Title = FileTitle(Path, false);
+    Of.HasSourceFile = true;
+    // Whoever else showed this file has the only copy of its picture now.
+    for (const auto& other : m_documents)
+        if (other && other.get() != &Of && other->PicturePath == Path)
+            other->ImageDirty = true;
     return true;
 }
 
@@ -90,7 +125,7 @@ bool Session::SaveDocument(clsDocument& Of)
 {
     if (!Of.FileName.empty())
         return WriteDocument(Of.Directory + "/" + Of.FileName, Of);
-    if (NeedsDocumentFile(Of))
+    if (NeedsDocumentFile(Of, Prefs))
         return SaveAsDialog(Of, SaveMode::Document);
     if (Of.HasSourceFile && FileExtension(Of.Title) == "bmp")
         return WriteDocument(Of.Directory + "/" + Of.Title, Of);
@@ -104,8 +139,8 @@ bool Session::SaveAsDialog(clsDocument& Of, SaveMode Mode)
         .FilterIndex = DocumentFilter,
         .Directory = Of.Directory.empty() ? Prefs.SaveFileDir : Of.Directory,
         .FileName = Of.FileName};
-    if (Mode == SaveMode::ImageOnly || (Of.FileName.empty() && !NeedsDocumentFile(Of))) {
-        request.FileName = AsBitmapName(WithExtension(Of.Title, ""));
+    if (Mode == SaveMode::ImageOnly || (Of.FileName.empty() && !NeedsDocumentFile(Of, Prefs))) {
+        request.FileName = AsBitmapName(Of.Title);
         request.FilterIndex = BitmapFilter;
     } else if (Of.FileName.empty() && !Of.Title.empty()) {
         request.FileName = WithExtension(Of.Title, ".mvd");
@@ -136,11 +171,12 @@ bool Session::SaveDocumentSettings(clsDocument& Of)
         return true;
     std::string name = Of.Directory + "/" + Of.FileName;
     if (Of.FileName.empty())
-        name = NeedsDocumentFile(Of) ? WithExtension(Of.Title, ".mvd") : Of.Title;
+        name = NeedsDocumentFile(Of, Prefs) ? WithExtension(Of.Title, ".mvd") : Of.Title;
     switch (ShowMessage(
         "Save changes to " + name + " ?", MessageYesNoCancel + MessageQuestionSign, ProgramName)) {
     case MessageAnswer::Yes:
-        return SaveDocument(Of);
+        // A document saved as a mere picture has still something to lose.
+        return SaveDocument(Of) && !Of.HasUnsavedChanges();
     case MessageAnswer::No:
         return true;
     default:

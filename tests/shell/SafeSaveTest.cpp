@@ -41,18 +41,19 @@ protected:
             const std::string picture = folder / (std::to_string(version) + ".bmp");
             WritePicture(VerticalFringes(200, 200, version == 0 ? 8 : 12), picture);
             documents[version] = session.Main.OpenPicture(picture, true);
-            MakeVersion(*documents[version], version);
-            session.Main.WriteDocument(folder / "saved.mvd", *documents[version]);
+            Save(version);
             text[version] = ContentOf(folder / "saved.mvd");
             bitmap[version] = ContentOf(folder / "saved.bmp");
         }
-        ASSERT_NE(text[0], text[1]);
-        ASSERT_NE(bitmap[0], bitmap[1]);
+        ASSERT_TRUE(text[0] != text[1] && bitmap[0] != bitmap[1]);
     }
 
+    // Neither document minds that the other takes its file.
     bool Save(int version)
     {
         MakeVersion(*documents[version], version);
+        if (documents[1 - version])
+            documents[1 - version]->PicturePath.clear();
         return session.Main.WriteDocument(folder / "saved.mvd", *documents[version]);
     }
 
@@ -106,8 +107,8 @@ TEST_F(SafeSave, OnAFullDeviceTheOldFilesStay)
         return !Save(0) && documents[0]->Modified && session.Answerer.Asked.size() == 1 ? 0 : 1;
     });
     EXPECT_EQ(result, 0);
-    EXPECT_EQ(ContentOf(folder / "saved.mvd"), text[1]);
-    EXPECT_EQ(ContentOf(folder / "saved.bmp"), bitmap[1]);
+    EXPECT_TRUE(ContentOf(folder / "saved.mvd") == text[1]);
+    EXPECT_TRUE(ContentOf(folder / "saved.bmp") == bitmap[1]);
     for (const auto& entry : std::filesystem::directory_iterator(folder / "."))
         EXPECT_EQ(entry.path().filename().string().find(".morvane"), std::string::npos);
 }
@@ -124,7 +125,7 @@ TEST_F(SafeSave, InAFolderWithoutTheRightToWriteTheOldFilesStay)
     });
     chmod((folder / ".").c_str(), 0755);
     EXPECT_EQ(result, 0);
-    EXPECT_EQ(ContentOf(folder / "saved.mvd"), text[1]);
+    EXPECT_TRUE(ContentOf(folder / "saved.mvd") == text[1]);
 }
 
 } // namespace

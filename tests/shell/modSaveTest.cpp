@@ -120,6 +120,63 @@ TEST_F(Saving, APictureGoesBesideItsDocumentWheneverItIsNotThere)
     EXPECT_TRUE(fs::exists(At("other folder ä/copy.bmp")));
 }
 
+// Somebody's original picture must not go because a document beside it takes its name.
+TEST_F(Saving, AnotherPictureIsReplacedOnlyAfterAQuestion)
+{
+    const auto other = Open("other.bmp");
+    WritePicture(VerticalFringes(60, 60, 8), At("alone.bmp"));
+    for (const char* name : {"other", "alone"}) {
+        const std::string picture = At(name + std::string(".bmp"));
+        const auto size = fs::file_size(picture);
+        session.Answerer.Asked.clear();
+        session.Answerer.Answers = {MessageAnswer::No};
+        document->ImageDirty = true;
+        EXPECT_FALSE(session.Main.WriteDocument(At(name + std::string(".mvd")), *document));
+        EXPECT_EQ(session.Answerer.TakeOnly(),
+            picture + " already exists.\r\nDo you want to replace it?");
+        EXPECT_EQ(fs::file_size(picture), size) << name;
+        EXPECT_FALSE(fs::exists(At(name + std::string(".mvd")))) << name;
+    }
+    session.Answerer.Answers = {MessageAnswer::Yes};
+    EXPECT_TRUE(session.Main.WriteDocument(At("other.mvd"), *document));
+    EXPECT_TRUE(other->ImageDirty) << "its file holds another picture now";
+}
+
+TEST_F(Saving, APictureWhoseFileIsGoneIsWrittenAgain)
+{
+    ASSERT_TRUE(session.Main.WriteDocument(At("mirror.mvd"), *document));
+    fs::remove(At("mirror.bmp"));
+    ASSERT_TRUE(session.Main.SaveDocument(*document));
+    EXPECT_TRUE(fs::exists(At("mirror.bmp")));
+}
+
+TEST_F(Saving, APictureAloneDoesNotCloseADocument)
+{
+    SetCircle(document->Aperture, 20, 15, 10);
+    document->Modified = true;
+    session.Answerer.Answers = {MessageAnswer::Yes};
+    Choose("only.bmp", 1);
+    EXPECT_FALSE(session.Main.CloseAsking(*document));
+    EXPECT_TRUE(fs::exists(At("only.bmp")));
+    EXPECT_TRUE(document->Modified);
+
+    document->Aperture.Delete();
+    EXPECT_TRUE(session.Main.WriteDocument(At("only.bmp"), *document));
+    EXPECT_FALSE(document->Modified) << "nothing is left that only a document holds";
+}
+
+TEST_F(Saving, NamesAndFoldersMayHoldDots)
+{
+    fs::create_directory(At("2026.11"));
+    session.Frame.Choices.push_back({{At("2026.11/result")}, 2});
+    EXPECT_TRUE(session.Main.SaveAsDialog(*document, Session::SaveMode::Document));
+    EXPECT_TRUE(fs::exists(At("2026.11/result.mvd")));
+    document->FileName.clear();
+    document->Title = "shot.2.jpg";
+    session.Main.SaveAsDialog(*document, Session::SaveMode::ImageOnly);
+    EXPECT_EQ(session.Frame.Requests.back().FileName, "shot.2.bmp");
+}
+
 TEST_F(Saving, OnlyKnownExtensionsAndRealPicturesAreWritten)
 {
     EXPECT_FALSE(session.Main.WriteDocument(At("mirror.txt"), *document));
@@ -150,6 +207,7 @@ TEST_F(Saving, AFailedWriteIsAskedAboutAndTheFlagsTellTheTruth)
     fs::create_directory(At("half.bmp"));
     EXPECT_FALSE(session.Main.WriteDocument(At("half.mvd"), *document));
     EXPECT_TRUE(document->Modified);
+    EXPECT_TRUE(document->FileName.empty()) << "the next save asks again";
 }
 
 TEST_F(Saving, APlainBitmapGoesToItsOwnFileAndAJpegToADialog)
@@ -193,6 +251,41 @@ TEST_F(Saving, DocumentsComeBackWithTheirPicture)
     EXPECT_FALSE(opened->HasSourceFile);
     EXPECT_EQ(opened->Aperture.GetRadii(), (Point{10, 10}));
     EXPECT_TRUE(session.Answerer.Asked.empty());
+}
+
+TEST_F(Saving, AnOpenedDocumentKeepsItsOwnVisibleViews)
+{
+    document->Visible.Zernikes = true;
+    ASSERT_TRUE(document->CreateOutputViews());
+    document->Visible = {.SFringe = true, .Zernikes = true};
+    ASSERT_TRUE(session.Main.WriteDocument(At("views.mvd"), *document));
+    session.Main.CloseDocument(*document);
+    session.Main.Prefs.Visible = {.Aberrations = true};
+    const auto opened = session.Main.OpenDocument(At("views.mvd"), true);
+    ASSERT_NE(opened, nullptr);
+    EXPECT_EQ(opened->Visible, (PerView<bool>{.SFringe = true, .Zernikes = true}));
+}
+
+TEST_F(Saving, CapitalExtensionsOpenLikeLowerCase)
+{
+    ASSERT_TRUE(session.Main.WriteDocument(At("scan.mvd"), *document));
+    session.Main.CloseDocument(*document);
+    fs::rename(At("scan.mvd"), At("SCAN.MVD"));
+    fs::rename(At("scan.bmp"), At("SCAN.BMP"));
+    const auto opened = session.Main.OpenDocument(At("SCAN.MVD"), true);
+    ASSERT_NE(opened, nullptr);
+    EXPECT_FALSE(opened->BlankImage);
+    opened->ImageDirty = true;
+    EXPECT_TRUE(session.Main.SaveDocument(*opened));
+    EXPECT_FALSE(fs::exists(At("SCAN.bmp"))) << "one picture, not two";
+}
+
+TEST_F(Saving, AFileThatDoesNotOpenLeavesTheRecentList)
+{
+    WriteWholeFile(At("broken.bmp"), "BM");
+    session.Main.Recent.SetPaths({At("broken.bmp"), At("mirror.bmp")});
+    session.Main.OpenFiles({At("broken.bmp")}, true);
+    EXPECT_EQ(session.Main.Recent.Paths(), std::vector{At("mirror.bmp")});
 }
 
 TEST(RecentFiles, KeepTheLastFourOnce)
