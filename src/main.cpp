@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
+#include <optional>
 #include <span>
 
 #include "automation/qt/MorvaneBus.h"
@@ -55,7 +56,6 @@ int Run(QApplication& Application, morvane::QtMessages& Messages,
     session.ReadSettings(settings, morvane::Screens(), Today());
     frame.Attach(session, settings);
     frame.show();
-    session.StartGrabber(QApplication::applicationDirPath().toStdString());
 
     // Without a bus the program runs by hand all the same; a server without one is of no use.
     morvane::MorvaneBus bus(session);
@@ -74,6 +74,13 @@ int Run(QApplication& Application, morvane::QtMessages& Messages,
     }
     const morvane::EndSignals end;
     QObject::connect(&end, &morvane::EndSignals::Received, &frame, &morvane::frmMain::EndUnasked);
+    {
+        // A server tells nobody of a grabber that is not to be had; nothing may keep it waiting.
+        std::optional<morvane::UnattendedScope> alone;
+        if (CommandLine.Embedding)
+            alone.emplace(session);
+        session.StartGrabber(QApplication::applicationDirPath().toStdString());
+    }
     // In the first turn of the event loop the window is on the screen, and its size is known.
     if (!CommandLine.File.empty())
         QMetaObject::invokeMethod(

@@ -77,7 +77,7 @@ int GrabberHost::Find(const std::string& Name) const
 
 std::string GrabberHost::Load(int Index)
 {
-    if (m_showingProperties)
+    if (m_isBusy)
         return {};
     // First the old one goes: a card serves one at a time.
     m_plugin.reset();
@@ -101,21 +101,26 @@ std::string GrabberHost::Name() const
 
 FrameSizes GrabberHost::GetSizes() const
 {
-    return m_plugin && !m_showingProperties ? m_plugin->GetSizes() : FrameSizes{};
+    return m_plugin && !m_isBusy ? m_plugin->GetSizes() : FrameSizes{};
 }
 
 bool GrabberHost::Grab(std::vector<std::uint8_t>& Block) const
 {
-    return m_plugin && !m_showingProperties && m_plugin->Grab(Block);
+    if (!m_plugin || m_isBusy)
+        return false;
+    m_isBusy = true;
+    const bool grabbed = m_plugin->Grab(Block);
+    m_isBusy = false;
+    return grabbed;
 }
 
 bool GrabberHost::ShowProperties()
 {
-    if (!m_plugin || !m_hasProperties || m_showingProperties)
+    if (!m_plugin || !m_hasProperties || m_isBusy)
         return false;
-    m_showingProperties = true;
+    m_isBusy = true;
     m_plugin->ShowProperties();
-    m_showingProperties = false;
+    m_isBusy = false;
     return true;
 }
 

@@ -37,7 +37,7 @@ public:
     int Index() const { return m_index; } // of the chosen one
     std::string Name() const; // of the chosen one, NoGrabberName if there is none
     bool IsLoaded() const { return m_plugin != nullptr; }
-    bool IsReady() const { return m_ready && !m_showingProperties; }
+    bool IsReady() const { return m_ready && !m_isBusy; }
     bool HasProperties() const { return m_hasProperties; }
 
     // All 0 unless a plug-in is loaded.
@@ -51,7 +51,7 @@ private:
     std::unique_ptr<GrabberPlugin> m_plugin;
     int m_index = NoGrabber;
     bool m_ready = false, m_hasProperties = false;
-    bool m_showingProperties = false;
+    mutable bool m_isBusy = false; // a call that may show a window is on its way
 };
 
 } // namespace morvane

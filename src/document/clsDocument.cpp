@@ -133,6 +133,20 @@ void clsDocument::InvalidateMask()
     AnalysisValid = false;
 }
 
+void clsDocument::ClearFringes()
+{
+    if (Fringes.NumFringes() > 0
+        && m_host.ShowMessage(
+               "Current fringe centers will be erased. Continue?", MessageYesNo, "Warning")
+            != MessageAnswer::Yes)
+        return;
+    Fringes.DeleteAll();
+    if (m_imageView)
+        m_imageView->Repaint();
+    Modified = true;
+    AnalysisValid = false;
+}
+
 bool clsDocument::AutoTraceFringes(FringeDirection Direction, FringeDensity Density)
 {
     if (Aperture.GetShapeType() == ShapeKind::None) {

@@ -156,6 +156,8 @@ public:
     // --- Work
     // Every change of aperture, obstruction or picture size goes through this.
     void InvalidateMask();
+    // Erases the fringes, after a question if there are any.
+    void ClearFringes();
     // Replaces the fringes; the user is told of a missing aperture or of too many fringes. False
     // if no fringe was found.
     bool AutoTraceFringes(FringeDirection Direction, FringeDensity Density);

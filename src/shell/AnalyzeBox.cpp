@@ -130,8 +130,6 @@ void AnalyzeBox::RestoreReferences(
     AnalyzeOptions options = m_options;
     options.Reference = Selected == SharedReferenceName ? SharedReferenceItem : 0;
     for (const std::string& path : Paths) {
-        if (!FileExistsAt(path))
-            continue;
         m_references.AddItem(path);
         if (path == Selected)
             options.Reference = SharedReferenceItem + m_references.Count();

@@ -49,10 +49,8 @@ std::vector<SettingRow> PlaceRows(BoxPlace& Of)
     };
 }
 
-std::string NameOfReference(int Number)
-{
-    return "Reference File " + std::to_string(Number);
-}
+constexpr const char* ReferencePrefix = "Reference File ";
+constexpr std::size_t MaxReferences = 1000;
 
 } // namespace
 
@@ -67,14 +65,7 @@ void ReadAnalyzeBox(SettingsStore& From, AnalyzeBox& Into)
     Into.BrowseFolder = stored.BrowseFolder;
     Into.SetOptions(stored.Options);
 
-    std::vector<std::string> paths;
-    while (true) {
-        const int next = static_cast<int>(paths.size()) + 1;
-        std::string path = From.GetSettingString(Section, NameOfReference(next), "");
-        if (path.empty())
-            break;
-        paths.push_back(std::move(path));
-    }
+    const std::vector<std::string> paths = From.GetSettingList(Section, ReferencePrefix);
     Into.RestoreReferences(paths, From.GetSettingString(Section, SelectedName, ""));
 }
 
@@ -84,12 +75,10 @@ void WriteAnalyzeBox(SettingsStore& Into, const AnalyzeBox& Written)
     WriteRows(Into, Section, OptionRows(stored));
 
     const clsRefPath& references = Written.References();
+    std::vector<std::string> paths;
     for (int i = 1; i <= references.Count(); ++i)
-        Into.SaveSettingString(Section, NameOfReference(i), references.GetItem(i));
-    // What a longer list has left behind.
-    for (int i = references.Count() + 1;
-         !Into.GetSettingString(Section, NameOfReference(i), "").empty(); ++i)
-        Into.DeleteSetting(Section, NameOfReference(i));
+        paths.push_back(references.GetItem(i));
+    Into.SaveSettingList(Section, ReferencePrefix, paths, MaxReferences);
     Into.SaveSettingString(Section, SelectedName, Written.SelectedReference());
 }
 

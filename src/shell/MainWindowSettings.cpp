@@ -4,6 +4,7 @@ namespace morvane {
 namespace {
 
 constexpr const char* RecentSection = "Recent File List";
+constexpr const char* RecentPrefix = "File";
 
 std::vector<SettingRow> PlaceRows(MainWindowSettings& Of, double Width, double Height)
 {
@@ -27,11 +28,6 @@ std::vector<SettingRow> BoxRows(MainWindowSettings& Of)
         {"Math Box Visible", &Of.MathBox},
         {"Ref Zernike Visible", &Of.RefZernike},
     };
-}
-
-std::string NameOfRecent(int Number)
-{
-    return "File" + std::to_string(Number);
 }
 
 } // namespace
@@ -61,30 +57,16 @@ void WriteBoxes(SettingsStore& Into, const MainWindowSettings& Written)
     WriteRows(Into, MainSection, BoxRows(copy));
 }
 
-RecentFiles LoadRecentFiles(SettingsStore& From)
+RecentFiles LoadRecentFiles(const SettingsStore& From)
 {
-    std::vector<std::string> paths;
-    for (int n = 1; n <= RecentFiles::MaxFiles; ++n) {
-        std::string path = From.GetSettingString(RecentSection, NameOfRecent(n), "");
-        if (path.empty())
-            break;
-        std::erase(paths, path); // two programs may each have put it in
-        paths.push_back(std::move(path));
-    }
     RecentFiles recent;
-    recent.SetPaths(std::move(paths));
+    recent.SetPaths(From.GetSettingList(RecentSection, RecentPrefix));
     return recent;
 }
 
-// A list that has become shorter ends where it does, and does not bring back what was removed.
 void SaveRecentFiles(SettingsStore& Into, const RecentFiles& Written)
 {
-    const int count = static_cast<int>(Written.Paths().size());
-    for (int n = 1; n <= RecentFiles::MaxFiles; ++n)
-        if (n <= count)
-            Into.SaveSettingString(RecentSection, NameOfRecent(n), Written.Paths()[n - 1]);
-        else
-            Into.DeleteSetting(RecentSection, NameOfRecent(n));
+    Into.SaveSettingList(RecentSection, RecentPrefix, Written.Paths(), RecentFiles::MaxFiles);
 }
 
 } // namespace morvane

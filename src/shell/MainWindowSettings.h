@@ -22,7 +22,7 @@ MainWindowSettings ReadMainWindow(SettingsStore& From, const ScreenMeasures& Scr
 void WriteMainWindow(SettingsStore& Into, const MainWindowSettings& Written);
 void WriteBoxes(SettingsStore& Into, const MainWindowSettings& Written);
 
-RecentFiles LoadRecentFiles(SettingsStore& From);
+RecentFiles LoadRecentFiles(const SettingsStore& From);
 void SaveRecentFiles(SettingsStore& Into, const RecentFiles& Written);
 
 } // namespace morvane

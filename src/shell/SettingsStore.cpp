@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <iterator>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -85,6 +86,49 @@ std::int32_t LongIn(std::string_view Text)
 std::string TextOf(bool Value)
 {
     return Value ? "1" : "0";
+}
+
+bool Holds(const std::vector<std::string>& List, const std::string& Value)
+{
+    return std::ranges::find(List, Value) != List.end();
+}
+
+std::string NameInList(std::string_view Prefix, std::size_t Index)
+{
+    return std::string(Prefix) + std::to_string(Index + 1);
+}
+
+std::vector<std::string> ListIn(
+    const SettingsValues& Values, std::string_view Section, std::string_view Prefix)
+{
+    std::vector<std::string> list;
+    for (std::size_t i = 0;; ++i) {
+        const std::string* const found = FindSetting(Values, Section, NameInList(Prefix, i));
+        if (found == nullptr || found->empty())
+            return list;
+        std::string value(CutValue(*found));
+        if (!Holds(list, value))
+            list.push_back(std::move(value));
+    }
+}
+
+// What was Before and isn't There any more another program has removed; what is There and wasn't
+// Before it has added.
+std::vector<std::string> MergedList(const std::vector<std::string>& Before,
+    const std::vector<std::string>& Ours, const std::vector<std::string>& There)
+{
+    std::vector<std::string> added, kept;
+    for (const std::string& value : Ours) {
+        if (!Holds(Before, value))
+            added.push_back(value);
+        else if (Holds(There, value))
+            kept.push_back(value);
+    }
+    for (const std::string& value : There)
+        if (!Holds(Before, value) && !Holds(added, value))
+            added.push_back(value);
+    added.insert(added.end(), kept.begin(), kept.end());
+    return added;
 }
 
 } // namespace
@@ -170,6 +214,25 @@ void SettingsStore::SaveSettingBool(std::string_view Section, std::string_view N
         [](std::string_view Text) { return LeadingNumber(Text) != 0; });
 }
 
+std::vector<std::string> SettingsStore::GetSettingList(
+    std::string_view Section, std::string_view Prefix) const
+{
+    return ListIn(m_inFile, Section, Prefix);
+}
+
+void SettingsStore::SaveSettingList(std::string_view Section, std::string_view Prefix,
+    const std::vector<std::string>& Values, std::size_t MaxCount)
+{
+    std::erase_if(m_lists, [&](const ListChange& Earlier) {
+        return Earlier.Section == Section && Earlier.Prefix == Prefix;
+    });
+    std::vector<std::string> values;
+    for (const std::string& value : Values)
+        values.push_back(std::string(CutValue(value)));
+    if (values != GetSettingList(Section, Prefix))
+        m_lists.push_back({std::string(Section), std::string(Prefix), std::move(values), MaxCount});
+}
+
 void SettingsStore::DeleteSetting(std::string_view Section, std::string_view Name)
 {
     Put(Section, Name, std::nullopt);
@@ -233,7 +296,7 @@ std::vector<SettingChange> SettingsStore::ChangesFor(const SettingsValues& Prese
 
 FileResult SettingsStore::Save()
 {
-    if (m_changes.empty())
+    if (m_changes.empty() && m_lists.empty())
         return {};
     std::error_code error; // without its folder the file can't be written, which says why
     fs::create_directories(fs::path(m_path).parent_path(), error);
@@ -241,7 +304,10 @@ FileResult SettingsStore::Save()
     std::string before;
     if (FileResult result = ReadText(m_path, before); !result)
         return result;
-    const std::vector<SettingChange> changes = ChangesFor(ReadSettingsText(before));
+    const SettingsValues present = ReadSettingsText(before);
+    std::vector<SettingChange> changes = ChangesFor(present);
+    for (const ListChange& list : m_lists)
+        std::ranges::move(ChangesFor(list, present), std::back_inserter(changes));
     const std::string after = ChangeSettingsText(before, changes);
     if (after.size() > MaxFileBytes)
         return {std::generic_category().message(EFBIG)};
@@ -256,7 +322,28 @@ FileResult SettingsStore::Save()
             m_inFile[change.Section].erase(change.Name);
     }
     m_changes.clear();
+    m_lists.clear();
     return {};
+}
+
+std::vector<SettingChange> SettingsStore::ChangesFor(
+    const ListChange& List, const SettingsValues& Present) const
+{
+    const std::vector<std::string> there = ListIn(Present, List.Section, List.Prefix);
+    std::vector<std::string> merged =
+        MergedList(GetSettingList(List.Section, List.Prefix), List.Values, there);
+    if (merged.size() > List.MaxCount)
+        merged.resize(List.MaxCount);
+    std::vector<SettingChange> changes;
+    for (std::size_t i = 0; i < merged.size(); ++i)
+        changes.push_back({List.Section, NameInList(List.Prefix, i), merged[i]});
+    for (std::size_t i = merged.size();; ++i) {
+        const std::string name = NameInList(List.Prefix, i);
+        const bool isInFile = FindSetting(Present, List.Section, name) != nullptr;
+        if (!isInFile && i >= there.size())
+            return changes;
+        changes.push_back({List.Section, name, std::nullopt});
+    }
 }
 
 } // namespace morvane

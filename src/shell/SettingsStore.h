@@ -53,6 +53,14 @@ public:
     bool GetSettingBool(std::string_view Section, std::string_view Name, bool Default);
     void SaveSettingBool(std::string_view Section, std::string_view Name, bool Value);
 
+    // The texts under Prefix and a number, from 1 up to the first empty one; each once.
+    std::vector<std::string> GetSettingList(
+        std::string_view Section, std::string_view Prefix) const;
+    // What this program added or removed is added to or removed from the list that the file has by
+    // then; what is new comes before what was there. At most MaxCount stay.
+    void SaveSettingList(std::string_view Section, std::string_view Prefix,
+        const std::vector<std::string>& Values, std::size_t MaxCount);
+
     void DeleteSetting(std::string_view Section, std::string_view Name);
 
     // The program has made Value out of the text that it read, by a rule of its own; saving Value
@@ -73,12 +81,21 @@ private:
     template <typename Reading>
     void PutNumber(
         std::string_view Section, std::string_view Name, std::string Text, Reading NumberIn);
+    struct ListChange {
+        std::string Section, Prefix;
+        std::vector<std::string> Values;
+        std::size_t MaxCount;
+    };
+
     std::vector<SettingChange> ChangesFor(const SettingsValues& Present) const;
+    std::vector<SettingChange> ChangesFor(
+        const ListChange& List, const SettingsValues& Present) const;
 
     std::string m_path;
     SettingsValues m_inFile; // as read, and as saved since
     SettingsValues m_given; // what the program was told, and what it saved since
     std::vector<Change> m_changes; // in the order of their writing
+    std::vector<ListChange> m_lists;
 };
 
 } // namespace morvane

@@ -116,9 +116,11 @@ bool Session::CloseAsking(clsDocument& Closed)
 
 bool Session::CloseAllAsking()
 {
-    for (int slot = 1; slot <= MaxDocuments; ++slot)
-        if (clsDocument* document = Document(slot); document && !CloseAsking(*document))
-            return false;
+    // While a question is asked, a script may open another one in a slot before.
+    while (m_numOpenDocuments > 0)
+        for (int slot = 1; slot <= MaxDocuments; ++slot)
+            if (clsDocument* document = Document(slot); document && !CloseAsking(*document))
+                return false;
     return true;
 }
 

@@ -130,6 +130,7 @@ private:
 
     bool ReadDocument(clsDocument& Into, const std::string& Path, bool Quiet);
     void ClearDocument(clsDocument& Of);
+    void LoadSavedShapes(clsDocument& Into);
     bool WriteTextAndPicture(const std::string& Path, clsDocument& Of);
     bool WritePicture(const std::string& Path, clsDocument& Of);
     bool MayTakePicture(const std::string& Path, bool ReplacesDocument, const clsDocument& Of);

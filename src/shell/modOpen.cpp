@@ -1,4 +1,5 @@
 // Opening: a path's extension decides between the picture and the document.
+#include "shell/SavedShapes.h"
 #include "shell/modFileLib.h"
 #include "shell/modMain.h"
 
@@ -53,10 +54,19 @@ std::shared_ptr<clsDocument> Session::OpenPicture(const std::string& Path, bool 
     }
     document->Directory = FileDirectory(Path);
     document->HasSourceFile = true;
+    LoadSavedShapes(*document);
     document->ImageView_Init();
     document->ImageView()->ResizeWindow();
     BringToFront(*document);
     return document;
+}
+
+void Session::LoadSavedShapes(clsDocument& Into)
+{
+    if (m_settings && Prefs.AutoLoadAperture)
+        LoadSavedShape(*m_settings, SavedAperture, Into.Aperture);
+    if (m_settings && Prefs.AutoLoadObstruction)
+        LoadSavedShape(*m_settings, SavedObstruction, Into.Obstruction);
 }
 
 std::shared_ptr<clsDocument> Session::OpenDocument(const std::string& Path, bool Quiet)
@@ -79,6 +89,7 @@ bool Session::ReplacePicture(clsDocument& Of, const std::string& Path, bool Quie
     Of.FileName.clear();
     Of.Directory = FileDirectory(Path);
     Of.HasSourceFile = true;
+    LoadSavedShapes(Of);
     Of.Modified = false;
     Of.ImageView_Refresh();
     if (Of.ImageViewExists())

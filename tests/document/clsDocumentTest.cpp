@@ -154,6 +154,24 @@ TEST_F(TracedDocument, MapIsWavesBeforeDisplayScale)
     EXPECT_NEAR(map[50 * 100 + 75], tiltPerOrder * 25.5 / 49.5, 0.05);
 }
 
+TEST_F(TracedDocument, FringesAreErasedAfterAYes)
+{
+    ASSERT_TRUE(document->UpdateAnalysis(true, true));
+    session.Answerer.Answers = {MessageAnswer::No, MessageAnswer::Yes};
+    document->ClearFringes();
+    EXPECT_GT(document->Fringes.NumFringes(), 0);
+    EXPECT_TRUE(document->AnalysisValid);
+    EXPECT_EQ(session.Answerer.TakeOnly(), "Current fringe centers will be erased. Continue?");
+    document->ClearFringes();
+    EXPECT_EQ(document->Fringes.NumFringes(), 0);
+    EXPECT_FALSE(document->AnalysisValid);
+    session.Answerer.Asked.clear();
+    document->Modified = false;
+    document->ClearFringes();
+    EXPECT_TRUE(session.Answerer.Asked.empty());
+    EXPECT_TRUE(document->Modified);
+}
+
 TEST_F(TracedDocument, TraceNeedsAnApertureAndAPicture)
 {
     const int ticks = document->Fringes.TotalNumTicks();

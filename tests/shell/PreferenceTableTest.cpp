@@ -214,9 +214,11 @@ TEST_F(PreferenceTableStore, RecentFilesEndAtTheFirstEmptyOne)
     EXPECT_EQ(recent.Paths(), (std::vector<std::string>{"/a", "/b"}));
     recent.Add("/c");
     SaveRecentFiles(store, recent);
+    ASSERT_TRUE(store.Save());
     EXPECT_EQ(LoadRecentFiles(store).Paths(), (std::vector<std::string>{"/c", "/a", "/b"}));
     recent.Remove("/a");
     SaveRecentFiles(store, recent);
+    ASSERT_TRUE(store.Save());
     EXPECT_EQ(LoadRecentFiles(store).Paths(), (std::vector<std::string>{"/c", "/b"}));
 }
 

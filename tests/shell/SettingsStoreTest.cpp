@@ -310,5 +310,43 @@ TEST(SettingsPath, FollowsTheUsersFolders)
     set("HOME", home ? home->c_str() : nullptr);
 }
 
+std::vector<std::string> ListIn(const std::string& Path)
+{
+    return SettingsStore(Path).GetSettingList("Recent File List", "File");
+}
+
+TEST(SettingsStoreLists, TwoProgramsKeepWhatEachAddedAndRemoved)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder / "settings.ini";
+    using List = std::vector<std::string>;
+    const auto save = [](SettingsStore& store, const List& list) {
+        store.SaveSettingList("Recent File List", "File", list, 4);
+        EXPECT_TRUE(store.Save());
+    };
+    {
+        SettingsStore first(path);
+        save(first, {"1", "2", "3"});
+    }
+    SettingsStore one(path), two(path), three(path);
+    save(one, {"2", "3"});
+    save(two, {"4", "1", "2", "3"});
+    EXPECT_EQ(ListIn(path), (List{"4", "2", "3"}));
+    save(three, {"1", "2", "3"});
+    EXPECT_EQ(ListIn(path), (List{"4", "2", "3"})) << "what was not changed is not written";
+    save(two, {"5", "6", "4", "2", "3"});
+    EXPECT_EQ(ListIn(path), (List{"5", "6", "4", "2"}));
+    save(two, {});
+    EXPECT_EQ(ListIn(path), List{});
+}
+
+TEST(SettingsStoreLists, AListTypedByHandEndsAtItsGapAndHoldsEachOnce)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder / "settings.ini";
+    WriteWholeFile(path, "[Recent File List]\nFile1 = a\nFile2 = b\nFile3 = a\nFile5 = c\n");
+    EXPECT_EQ(ListIn(path), (std::vector<std::string>{"a", "b"}));
+}
+
 } // namespace
 } // namespace morvane

@@ -44,6 +44,7 @@ EndSignals::EndSignals()
 
 EndSignals::~EndSignals()
 {
+    delete findChild<QSocketNotifier*>(); // while its descriptor is open
     if (m_descriptor >= 0)
         close(m_descriptor);
 }
