@@ -220,7 +220,7 @@ FileResult WriteWholeFile(const std::string& Path, std::string_view Bytes)
     if (FileResult result = OnlyRegular(existing); !result)
         return result;
     // Renaming would get round the write protection of the file itself.
-    if (access(target.c_str(), W_OK) != 0)
+    if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
         return LastFailure();
     return ReplaceFile(target, &existing, Bytes);
 }
