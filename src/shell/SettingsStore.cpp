@@ -335,6 +335,7 @@ std::vector<SettingChange> SettingsStore::ChangesFor(
     if (merged.size() > List.MaxCount)
         merged.resize(List.MaxCount);
     std::vector<SettingChange> changes;
+    changes.reserve(merged.size());
     for (std::size_t i = 0; i < merged.size(); ++i)
         changes.push_back({List.Section, NameInList(List.Prefix, i), merged[i]});
     for (std::size_t i = merged.size();; ++i) {

@@ -40,7 +40,7 @@ void Session::GrabImage()
 
 std::shared_ptr<clsDocument> Session::GrabIntoNewDocument()
 {
-    const std::shared_ptr<clsDocument> document = NewDocument();
+    std::shared_ptr<clsDocument> document = NewDocument();
     if (!document)
         return nullptr;
     if (!document->GrabIntoDataBuffer(Grabber) || !document->CreateImageView()) {
