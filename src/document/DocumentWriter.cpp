@@ -36,26 +36,9 @@ public:
 
     void Empty() { m_text += "\r\n"; }
 
-    void Whole(std::string_view key, int value)
-    {
-        m_text += key;
-        AppendWholeField(m_text, value);
-        Empty();
-    }
-
-    void Number(std::string_view key, double value)
-    {
-        m_text += key;
-        AppendNumberField(m_text, value);
-        Empty();
-    }
-
-    void Flag(std::string_view key, bool value)
-    {
-        m_text += key;
-        m_text += value ? "True" : "False";
-        Empty();
-    }
+    void Whole(std::string_view key, int value) { AppendWholeLine(m_text, key, value); }
+    void Number(std::string_view key, double value) { AppendNumberLine(m_text, key, value); }
+    void Flag(std::string_view key, bool value) { AppendFlagLine(m_text, key, value); }
 
     // A line break in the text would make a key of what follows; it becomes a blank. Blanks at the
     // start go, as no reader would find them.

@@ -8,39 +8,22 @@
 
 namespace morvane {
 
-namespace {
-
-void AppendLine(std::string& text, std::string_view keyword, double value)
-{
-    text.append(keyword);
-    AppendNumberField(text, value);
-    text.append("\r\n");
-}
-
-void AppendFlag(std::string& text, std::string_view keyword, bool value)
-{
-    text.append(keyword);
-    text.append(value ? "True\r\n" : "False\r\n");
-}
-
-} // namespace
-
 void clsGrid::SaveToFile(std::string& Text) const
 {
     Text.append("Grid\r\n");
-    AppendLine(Text, "UpperLeftX,", UpperLeftX);
-    AppendLine(Text, "UpperLeftY,", UpperLeftY);
-    AppendLine(Text, "PixelWidth,", PixelWidth);
-    AppendLine(Text, "PixelHeight,", PixelHeight);
-    AppendLine(Text, "CellCountX,", CellCountX);
-    AppendLine(Text, "CellCountY,", CellCountY);
-    AppendLine(Text, "PhysicalWidth,", PhysicalWidth);
-    AppendLine(Text, "CellWidth,", CellWidth);
-    AppendLine(Text, "CellHeight,", CellHeight);
-    AppendLine(Text, "MaxRMS,", MaxRMS);
-    AppendLine(Text, "MaxPV,", MaxPV);
-    AppendFlag(Text, "UseRMS,", UseRMS);
-    AppendFlag(Text, "UsePV,", UsePV);
+    AppendNumberLine(Text, "UpperLeftX,", UpperLeftX);
+    AppendNumberLine(Text, "UpperLeftY,", UpperLeftY);
+    AppendNumberLine(Text, "PixelWidth,", PixelWidth);
+    AppendNumberLine(Text, "PixelHeight,", PixelHeight);
+    AppendNumberLine(Text, "CellCountX,", CellCountX);
+    AppendNumberLine(Text, "CellCountY,", CellCountY);
+    AppendNumberLine(Text, "PhysicalWidth,", PhysicalWidth);
+    AppendNumberLine(Text, "CellWidth,", CellWidth);
+    AppendNumberLine(Text, "CellHeight,", CellHeight);
+    AppendNumberLine(Text, "MaxRMS,", MaxRMS);
+    AppendNumberLine(Text, "MaxPV,", MaxPV);
+    AppendFlagLine(Text, "UseRMS,", UseRMS);
+    AppendFlagLine(Text, "UsePV,", UsePV);
     if (IsDefined(GridHasResults)) {
         Text.append("Cells\r\n");
         for (std::size_t cell = 0; cell < CellState.size(); ++cell) {
@@ -48,7 +31,7 @@ void clsGrid::SaveToFile(std::string& Text) const
             AppendNumberField(Text, CellState[cell]);
             Text.append(",");
             AppendNumberField(Text, CellRMS[cell]);
-            AppendLine(Text, ",", CellPV[cell]);
+            AppendNumberLine(Text, ",", CellPV[cell]);
         }
         Text.append("CellsEnd\r\n");
     }

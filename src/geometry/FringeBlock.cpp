@@ -7,30 +7,17 @@
 
 namespace morvane {
 
-namespace {
-
-void AppendCount(std::string& text, std::string_view keyword, int value)
-{
-    text.append(keyword);
-    AppendWholeField(text, value);
-    text.append("\r\n");
-}
-
-} // namespace
-
 void clsFringes::SaveToFile(std::string& Text) const
 {
     Text.append("Fringes\r\n");
-    AppendCount(Text, "NumFringes,", m_numFringes);
+    AppendWholeLine(Text, "NumFringes,", m_numFringes);
     for (int index = 1; index <= m_numFringes; ++index) {
-        AppendCount(Text, "Order,", m_orders[index]);
-        AppendCount(Text, "NumTicks,", m_numTicks[index]);
+        AppendWholeLine(Text, "Order,", m_orders[index]);
+        AppendWholeLine(Text, "NumTicks,", m_numTicks[index]);
         for (const Point& tick : Ticks(index)) {
             Text.append("Center,");
             AppendNumberField(Text, tick.X);
-            Text.append(",");
-            AppendNumberField(Text, tick.Y);
-            Text.append("\r\n");
+            AppendNumberLine(Text, ",", tick.Y);
         }
     }
     Text.append("EndFringes\r\n");

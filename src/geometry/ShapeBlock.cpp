@@ -9,25 +9,11 @@ namespace morvane {
 
 namespace {
 
-void AppendLine(std::string& text, std::string_view keyword, int value)
-{
-    text.append(keyword);
-    AppendWholeField(text, value);
-    text.append("\r\n");
-}
-
-void AppendLine(std::string& text, std::string_view keyword, double value)
-{
-    text.append(keyword);
-    AppendNumberField(text, value);
-    text.append("\r\n");
-}
-
-void AppendLine(std::string& text, std::string_view keyword, Point value)
+void AppendPointLine(std::string& text, std::string_view keyword, Point value)
 {
     text.append(keyword);
     AppendNumberField(text, value.X);
-    AppendLine(text, ",", value.Y);
+    AppendNumberLine(text, ",", value.Y);
 }
 
 Point ReadPoint(clsParser& parser)
@@ -50,14 +36,14 @@ void clsShape::SaveToFile(std::string& Text) const
     if (m_role != ShapeRole::Aperture && m_role != ShapeRole::Obstruction)
         return;
     Text.append(m_role == ShapeRole::Aperture ? "Aperture\r\n" : "Obstruction\r\n");
-    AppendLine(Text, "ShapeType,", static_cast<int>(m_type));
-    AppendLine(Text, "Center,", m_center);
-    AppendLine(Text, "RadiusX,", m_radii.X);
-    AppendLine(Text, "RadiusY,", m_radii.Y);
-    AppendLine(Text, "Angle,", m_angle);
-    AppendLine(Text, "NumVertices,", m_numVertices);
+    AppendWholeLine(Text, "ShapeType,", static_cast<int>(m_type));
+    AppendPointLine(Text, "Center,", m_center);
+    AppendNumberLine(Text, "RadiusX,", m_radii.X);
+    AppendNumberLine(Text, "RadiusY,", m_radii.Y);
+    AppendNumberLine(Text, "Angle,", m_angle);
+    AppendWholeLine(Text, "NumVertices,", m_numVertices);
     for (const Point& vertex : std::span(m_vertices).first(static_cast<std::size_t>(m_numVertices)))
-        AppendLine(Text, "Vertex,", vertex);
+        AppendPointLine(Text, "Vertex,", vertex);
     Text.append("EndShape\r\n");
 }
 

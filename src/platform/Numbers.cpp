@@ -157,6 +157,26 @@ void AppendNumberField(std::string& Text, double Value)
     Text += number;
 }
 
+void AppendWholeLine(std::string& Text, std::string_view Key, std::int32_t Value)
+{
+    Text += Key;
+    AppendWholeField(Text, Value);
+    Text += "\r\n";
+}
+
+void AppendNumberLine(std::string& Text, std::string_view Key, double Value)
+{
+    Text += Key;
+    AppendNumberField(Text, Value);
+    Text += "\r\n";
+}
+
+void AppendFlagLine(std::string& Text, std::string_view Key, bool Value)
+{
+    Text += Key;
+    Text += Value ? "True\r\n" : "False\r\n";
+}
+
 void DecimalForm::RoundTo(int Count)
 {
     if (Count >= static_cast<int>(Digits.size()))

@@ -33,6 +33,11 @@ std::string FormatFixed(double Value, int Decimals);
 void AppendWholeField(std::string& Text, std::int32_t Value);
 void AppendNumberField(std::string& Text, double Value);
 
+// A line of such a file: Key, which brings its own separator, the value, CR LF.
+void AppendWholeLine(std::string& Text, std::string_view Key, std::int32_t Value);
+void AppendNumberLine(std::string& Text, std::string_view Key, double Value);
+void AppendFlagLine(std::string& Text, std::string_view Key, bool Value);
+
 // A finite number as its decimal digits: D.DDD * 10^Exponent, no zeros at the end; zero is "0".
 struct DecimalForm {
     bool Negative = false;

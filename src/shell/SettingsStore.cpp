@@ -137,7 +137,7 @@ std::string SettingsPath()
 {
     const char* const folder = std::getenv("XDG_CONFIG_HOME");
     const char* const home = std::getenv("HOME");
-    // A relative folder is not valid, says the XDG base directory specification.
+    // A relative folder is not valid, says the XDG base directory standard.
     const fs::path root = folder != nullptr && *folder == '/' ? fs::path(folder)
         : home != nullptr                                     ? fs::path(home) / ".config"
                                                               : fs::path(".config");
@@ -227,8 +227,8 @@ void SettingsStore::SaveSettingList(std::string_view Section, std::string_view P
         return Earlier.Section == Section && Earlier.Prefix == Prefix;
     });
     std::vector<std::string> values;
-    for (const std::string& value : Values)
-        values.push_back(std::string(CutValue(value)));
+    std::ranges::transform(Values, std::back_inserter(values),
+        [](const std::string& value) { return std::string(CutValue(value)); });
     if (values != GetSettingList(Section, Prefix))
         m_lists.push_back({std::string(Section), std::string(Prefix), std::move(values), MaxCount});
 }
