@@ -68,10 +68,14 @@ const MorvaneGrabber* createTable(const std::string& library, std::string& error
     return table;
 }
 
-bool isUsable(const MorvaneGrabber& table)
+bool isReadable(const MorvaneGrabber& table)
 {
-    return table.Version == MORVANE_GRABBER_VERSION && table.Size >= sizeof table
-        && table.GetFrameBytes && table.GetWidth && table.GetHeight && table.GetReady && table.Grab;
+    return table.Version == MORVANE_GRABBER_VERSION && table.Size >= sizeof table;
+}
+
+bool isComplete(const MorvaneGrabber& table)
+{
+    return table.GetFrameBytes && table.GetWidth && table.GetHeight && table.GetReady && table.Grab;
 }
 
 } // namespace
@@ -81,12 +85,15 @@ std::unique_ptr<GrabberPlugin> GrabberPlugin::Create(const std::string& Library,
     const MorvaneGrabber* const table = createTable(Library, Error);
     if (!table)
         return nullptr;
-    if (!isUsable(*table)) {
-        Error = Library + ": made for another version of this program, or incomplete";
+    Error = Library + ": made for another version of this program, or incomplete";
+    if (!isReadable(*table))
         return nullptr;
-    }
+    // An incomplete one is released like any other.
+    std::unique_ptr<GrabberPlugin> plugin(new GrabberPlugin(*table));
+    if (!isComplete(*table))
+        return nullptr;
     Error.clear();
-    return std::unique_ptr<GrabberPlugin>(new GrabberPlugin(*table));
+    return plugin;
 }
 
 GrabberPlugin::~GrabberPlugin()

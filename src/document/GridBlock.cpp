@@ -53,10 +53,13 @@ public:
                     return;
     }
 
-    // Cells that the block does not name have not been analysed.
+    // Cells that the block does not name have not been analysed. Counts that no analysis takes are
+    // refused.
     void TakeCells()
     {
-        if (!m_hasCells || m_grid.CellCountX > MaxGridCells || m_grid.CellCountY > MaxGridCells)
+        if (m_grid.CellCountX > MaxGridCells || m_grid.CellCountY > MaxGridCells)
+            m_grid.CellCountX = m_grid.CellCountY = 0;
+        if (!m_hasCells)
             return;
         const auto numCells = static_cast<std::size_t>(m_grid.NumCells());
         m_state.resize(numCells, CellNotAnalysed);

@@ -85,8 +85,8 @@ public:
 
     // The "Grid" block of a document file, appended to Text, lines ended by CR LF.
     void SaveToFile(std::string& Text) const;
-    // Reads the block whose first line has been taken from Parser already. Results of more than
-    // MaxGridCells cells in an axis are left out.
+    // Reads the block whose first line has been taken from Parser already. Counts above
+    // MaxGridCells are refused: both become 0, and there are no results.
     void LoadFromFile(clsParser& Parser);
 
 private:

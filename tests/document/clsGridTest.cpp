@@ -240,6 +240,7 @@ TEST(clsGridBlock, WhatResultsAreTaken)
         EXPECT_EQ(static_cast<int>(grid.CellState.size()), c.NumTaken) << c.Counts;
         EXPECT_EQ(std::count(grid.CellState.begin(), grid.CellState.end(), CellUsable), c.NumUsable)
             << c.Counts;
+        EXPECT_LE(grid.CellCountX * grid.CellCountY, MaxGridCells * MaxGridCells) << c.Counts;
         EXPECT_EQ(grid.MaxPV, 7) << c.Counts;
     }
 }
