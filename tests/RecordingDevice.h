@@ -15,6 +15,7 @@ struct DeviceCall {
     RasterOp Op;
     std::vector<DevicePoint> Points; // of a polyline
     DeviceRect Box; // of the others
+    DeviceRect Source; // of a picture
     Color Fill; // of a filled rectangle
 };
 
@@ -25,6 +26,7 @@ public:
     std::vector<DeviceCall> Calls;
 
     int BitsPerPixel() const override { return m_bitsPerPixel; }
+    DeviceRect Bounds() const override { return {-1 << 30, -1 << 30, 1 << 30, 1 << 30}; }
     Pen CurrentPen() const override { return m_pen; }
     void SetPen(const Pen& NewPen) override { m_pen = NewPen; }
     RasterOp CurrentRasterOp() const override { return m_op; }
@@ -44,15 +46,18 @@ public:
         call.Box = Box;
         call.Fill = Fill;
     }
-    void DrawPicture(const DeviceRect& Target, const PictureView&) override
+    void DrawPicture(
+        const DeviceRect& Target, const PictureView&, const DeviceRect& Source) override
     {
-        Record(DeviceCall::Kind::Picture).Box = Target;
+        DeviceCall& call = Record(DeviceCall::Kind::Picture);
+        call.Box = Target;
+        call.Source = Source;
     }
 
 private:
     DeviceCall& Record(DeviceCall::Kind what)
     {
-        return Calls.emplace_back(DeviceCall{what, m_pen, m_op, {}, {}, {}});
+        return Calls.emplace_back(DeviceCall{what, m_pen, m_op, {}, {}, {}, {}});
     }
 
     int m_bitsPerPixel;

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/Device.h"
 #include "platform/Point.h"
 
 namespace morvane {
@@ -82,6 +83,9 @@ public:
     // Nothing happens unless each has an entry a cell.
     void SetAnalysisResults(std::span<const std::int32_t> State, std::span<const double> RMS,
         std::span<const double> PV);
+
+    // White lines around all cells; only of a grid with calibration and bounds.
+    void Draw(Device& On, const ImageMapping& Map, RasterOp Op) const;
 
     // The "Grid" block of a document file, appended to Text, lines ended by CR LF.
     void SaveToFile(std::string& Text) const;

@@ -1,6 +1,4 @@
 // How the fringe store is drawn.
-#include <algorithm>
-#include <array>
 #include <cstdlib>
 
 #include "geometry/clsFringes.h"
@@ -15,16 +13,30 @@ Color OrderColor(int order, const TickStyle& style)
     return order == style.CurrentOrder ? White : byOrder[std::abs(order % 3)];
 }
 
-// An upright cross, right and lower ends included.
+// The part of the image whose ticks may show on a device: most of a large picture's do not, and are
+// passed over before any of them is drawn.
+class TickWindow {
+public:
+    TickWindow(const DeviceRect& bounds, const ImageMapping& map, const TickStyle& style)
+    {
+        const double around = style.TickSize + style.PenWidth + 2.0;
+        m_left = (bounds.Left - around) / map.Zoom + map.OffsetX;
+        m_right = (bounds.Right + around) / map.Zoom + map.OffsetX;
+        m_top = (bounds.Top - around) / map.Zoom + map.OffsetY;
+        m_bottom = (bounds.Bottom + around) / map.Zoom + map.OffsetY;
+    }
+    bool MayShow(Point tick) const
+    {
+        return tick.X >= m_left && tick.X <= m_right && tick.Y >= m_top && tick.Y <= m_bottom;
+    }
+
+private:
+    double m_left, m_right, m_top, m_bottom; // image pixels
+};
+
 void DrawTick(Device& on, const ImageMapping& map, const TickStyle& style, Point tick)
 {
-    constexpr int farOff = 1 << 30; // keeps the arms of a tick far outside within the integers
-    const DevicePoint center = map.ToDevice(tick.X, tick.Y);
-    const int x = std::clamp(center.X, -farOff, farOff);
-    const int y = std::clamp(center.Y, -farOff, farOff);
-    const int arm = style.TickSize;
-    on.DrawPolyline(std::array{DevicePoint{x - arm, y}, DevicePoint{x + arm + 1, y}});
-    on.DrawPolyline(std::array{DevicePoint{x, y - arm}, DevicePoint{x, y + arm + 1}});
+    DrawCross(on, map.ToDevice(tick.X, tick.Y), style.TickSize);
 }
 
 } // namespace
@@ -47,12 +59,14 @@ void clsFringes::DrawSlots(Device& On, const ImageMapping& Map, const TickStyle&
 {
     const clsRasterOpScope operation(On, Style.Op);
     const bool monochrome = On.BitsPerPixel() == 1;
+    const TickWindow window(On.Bounds(), Map, Style);
     for (int index = 1; index <= m_numFringes; ++index) {
         const Color ink = monochrome ? White : OrderColor(m_orders[index], Style);
         const clsPenScope pen(On, {ink, Style.PenWidth});
         const std::span<const Point> ticks = Ticks(index);
         for (std::size_t i = 0; i < ticks.size(); ++i)
-            if (index != ExceptIndex || static_cast<int>(i) + 1 != ExceptTick)
+            if (window.MayShow(ticks[i])
+                && (index != ExceptIndex || static_cast<int>(i) + 1 != ExceptTick))
                 DrawTick(On, Map, Style, ticks[i]);
     }
 }

@@ -1,8 +1,19 @@
 #include "platform/Device.h"
 
+#include <algorithm>
+
 #include "platform/Numbers.h"
 
 namespace morvane {
+
+void DrawCross(Device& On, DevicePoint Center, int Arm)
+{
+    constexpr int farOff = 1 << 30; // keeps the arms of a cross far outside within the integers
+    const int x = std::clamp(Center.X, -farOff, farOff);
+    const int y = std::clamp(Center.Y, -farOff, farOff);
+    On.DrawPolyline(std::array{DevicePoint{x - Arm, y}, DevicePoint{x + Arm + 1, y}});
+    On.DrawPolyline(std::array{DevicePoint{x, y - Arm}, DevicePoint{x, y + Arm + 1}});
+}
 
 DevicePoint ImageMapping::ToDevice(double X, double Y) const
 {

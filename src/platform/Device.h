@@ -50,6 +50,8 @@ public:
     virtual ~Device() = default;
 
     virtual int BitsPerPixel() const = 0;
+    // Nothing shows outside of it.
+    virtual DeviceRect Bounds() const = 0;
 
     virtual Pen CurrentPen() const = 0;
     virtual void SetPen(const Pen& NewPen) = 0;
@@ -61,8 +63,10 @@ public:
     // The outline of the ellipse that fills Box, with the pen.
     virtual void DrawEllipse(const DeviceRect& Box) = 0;
     virtual void FillRectangle(const DeviceRect& Box, Color Fill) = 0;
-    // The whole of Picture scaled into Target by the nearest pixel.
-    virtual void DrawPicture(const DeviceRect& Target, const PictureView& Picture) = 0;
+    // The part Source of Picture scaled into Target by the nearest pixel. Where Source leaves the
+    // picture, Target keeps what it has.
+    virtual void DrawPicture(
+        const DeviceRect& Target, const PictureView& Picture, const DeviceRect& Source) = 0;
 
 protected:
     Device() = default;
@@ -99,6 +103,9 @@ private:
     Device& m_device;
     RasterOp m_before;
 };
+
+// An upright cross with arms of Arm device units, their ends included, with the pen.
+void DrawCross(Device& On, DevicePoint Center, int Arm);
 
 // Where image pixels fall on a device: device = round((image - Offset) * Zoom), halves to even.
 struct ImageMapping {

@@ -354,6 +354,8 @@ TEST(clsFringesDraw, WhatDoesNotExistOrLiesFarOffIsHarmless)
         fringes.DrawCenter(device, {}, {}, 1, tick);
     EXPECT_TRUE(device.Calls.empty());
     fringes.DrawAll(device, {1e10, 0, 0}, {});
+    EXPECT_TRUE(device.Calls.empty()); // off the device
+    fringes.DrawOrder(device, {1e10, 0, 0}, {}, 1);
     EXPECT_EQ(Crosses(device, 3).size(), 1u);
 }
 

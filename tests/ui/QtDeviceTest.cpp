@@ -155,7 +155,7 @@ TEST(QtDevice, FarCoordinatesTouchNothingOutside)
             device.DrawPolyline(std::array{DevicePoint{a, 3}, DevicePoint{b, 3}});
             device.DrawEllipse({a, a, b, b});
             device.FillRectangle({a, a, b, b}, White);
-            device.DrawPicture({a, a, b, b}, {{&pixel, 1}, 1, 1, &palette});
+            device.DrawPicture({a, a, b, b}, {{&pixel, 1}, 1, 1, &palette}, {0, 0, 1, 1});
         }
 }
 
@@ -174,19 +174,21 @@ TEST_F(QtDevicePicture, TakesTheNearestPixel)
 {
     const struct {
         const char* Name;
-        DeviceRect Target;
+        DeviceRect Target, Source;
         std::vector<int> FirstRow; // red, from x = 0
     } cases[] = {
-        {"same size", {0, 0, 4, 2}, {10, 20, 30, 40, 0}},
-        {"twice", {0, 0, 8, 4}, {10, 10, 20, 20, 30, 30, 40, 40, 0}},
-        {"half, the pixel right of the center", {0, 0, 2, 1}, {60, 80, 0}},
-        {"one and a half", {0, 0, 6, 3}, {10, 20, 20, 30, 40, 40, 0}},
-        {"cut on the left", {-2, -1, 2, 1}, {70, 80, 0}},
+        {"same size", {0, 0, 4, 2}, {0, 0, 4, 2}, {10, 20, 30, 40, 0}},
+        {"twice", {0, 0, 8, 4}, {0, 0, 4, 2}, {10, 10, 20, 20, 30, 30, 40, 40, 0}},
+        {"half, the pixel right of the center", {0, 0, 2, 1}, {0, 0, 4, 2}, {60, 80, 0}},
+        {"one and a half", {0, 0, 6, 3}, {0, 0, 4, 2}, {10, 20, 20, 30, 40, 40, 0}},
+        {"cut on the left", {-2, -1, 2, 1}, {0, 0, 4, 2}, {70, 80, 0}},
+        {"a part", {1, 0, 5, 2}, {1, 1, 3, 2}, {0, 60, 60, 70, 70, 0}},
+        {"beyond the picture", {0, 0, 6, 2}, {-1, 0, 5, 2}, {0, 10, 20, 30, 40, 0}},
     };
     for (const auto& c : cases) {
         QImage image = BlackImage(12, 8);
         QtDevice device(image);
-        device.DrawPicture(c.Target, {Pixels, 4, 2, &Palette});
+        device.DrawPicture(c.Target, {Pixels, 4, 2, &Palette}, c.Source);
         for (std::size_t x = 0; x < c.FirstRow.size(); ++x) {
             const int red = c.FirstRow[x];
             EXPECT_EQ(image.pixel(static_cast<int>(x), 0), qRgb(red, 0, red ? 255 - red : 0))
@@ -199,7 +201,7 @@ TEST_F(QtDevicePicture, WithTooFewPixelsIsNotDrawn)
 {
     QImage image = BlackImage();
     QtDevice device(image);
-    device.DrawPicture({0, 0, 40, 40}, {Pixels, 4, 3, &Palette});
+    device.DrawPicture({0, 0, 40, 40}, {Pixels, 4, 3, &Palette}, {0, 0, 4, 3});
     EXPECT_EQ(CountInked(image), 0);
 }
 

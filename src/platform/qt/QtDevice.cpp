@@ -1,6 +1,7 @@
 #include "platform/qt/QtDevice.h"
 
 #include <algorithm>
+#include <array>
 #include <cassert>
 #include <cstdlib>
 #include <cstring>
@@ -13,24 +14,34 @@ QRgb ToRgb(Color Of)
     return qRgb(Of.Red, Of.Green, Of.Blue);
 }
 
-// Source column or row under the center of each of the pixels First to End of a side that stretches
-// Length source pixels over Extent pixels from Start on.
-std::vector<int> SourcePositions(std::int64_t First, std::int64_t End, std::int64_t Start,
-    std::int64_t Extent, std::int64_t Length)
-{
-    std::vector<int> positions;
-    positions.reserve(static_cast<std::size_t>(End - First));
-    for (std::int64_t at = First; at < End; ++at)
-        positions.push_back(static_cast<int>((2 * (at - Start) + 1) * Length / (2 * Extent)));
-    return positions;
-}
-
 // Divisor above 0.
 std::int64_t FloorOfQuotient(std::int64_t Dividend, std::int64_t Divisor)
 {
     const std::int64_t quotient = Dividend / Divisor;
     return Dividend % Divisor < 0 ? quotient - 1 : quotient;
 }
+
+// One axis of a stretch: the pixels from Start to End show the source from Source on, Length of it.
+struct Stretch {
+    std::int64_t Start, End, Source, Length;
+
+    // Source column or row under the center of a pixel.
+    std::int64_t SourceOf(std::int64_t at) const
+    {
+        return Source + FloorOfQuotient((2 * (at - Start) + 1) * Length, 2 * (End - Start));
+    }
+    // Those of the pixels from first on before end whose source lies in a picture of that extent;
+    // first becomes that of the first of them.
+    std::vector<int> SourcesWithin(std::int64_t extent, std::int64_t& first, std::int64_t end) const
+    {
+        std::vector<int> sources;
+        while (first < end && SourceOf(first) < 0)
+            ++first;
+        for (std::int64_t at = first; at < end && SourceOf(at) < extent; ++at)
+            sources.push_back(static_cast<int>(SourceOf(at)));
+        return sources;
+    }
+};
 
 } // namespace
 
@@ -71,6 +82,29 @@ QtDevice::Area QtDevice::Visible(const Area& Wanted) const
         std::min<std::int64_t>(Wanted.Bottom, m_height)};
 }
 
+// Changed lies within the image and is not empty.
+void QtDevice::Touch(const Area& Changed)
+{
+    const DeviceRect box{static_cast<int>(Changed.Left), static_cast<int>(Changed.Top),
+        static_cast<int>(Changed.Right), static_cast<int>(Changed.Bottom)};
+    if (m_touched.Width() == 0)
+        m_touched = box;
+    m_touched = {std::min(m_touched.Left, box.Left), std::min(m_touched.Top, box.Top),
+        std::max(m_touched.Right, box.Right), std::max(m_touched.Bottom, box.Bottom)};
+}
+
+// What the painter draws between the corners, the width of its pen around them.
+void QtDevice::TouchBox(std::span<const DevicePoint> Corners)
+{
+    const auto [left, right] = std::ranges::minmax(Corners, {}, &DevicePoint::X);
+    const auto [top, bottom] = std::ranges::minmax(Corners, {}, &DevicePoint::Y);
+    const std::int64_t around = m_penWidth + 1;
+    const Area area =
+        Visible({left.X - around, top.Y - around, right.X + around, bottom.Y + around});
+    if (area.Left < area.Right && area.Top < area.Bottom)
+        Touch(area);
+}
+
 QRgb* QtDevice::Row(std::int64_t Y) const
 {
     return reinterpret_cast<QRgb*>(m_bits + Y * m_stride);
@@ -79,8 +113,9 @@ QRgb* QtDevice::Row(std::int64_t Y) const
 void QtDevice::Fill(const Area& Wanted, Color Ink, RasterOp How)
 {
     const Area area = Visible(Wanted);
-    if (area.Left >= area.Right)
+    if (area.Left >= area.Right || area.Top >= area.Bottom)
         return;
+    Touch(area);
     for (std::int64_t y = area.Top; y < area.Bottom; ++y) {
         QRgb* const first = Row(y) + area.Left;
         QRgb* const end = Row(y) + area.Right;
@@ -147,6 +182,7 @@ void QtDevice::DrawPolyline(std::span<const DevicePoint> Points)
         for (const DevicePoint& point : Points)
             polyline.append({point.X, point.Y});
         m_painter.drawPolyline(polyline);
+        TouchBox(Points);
     }
 }
 
@@ -159,6 +195,7 @@ void QtDevice::DrawEllipse(const DeviceRect& Box)
         return;
     }
     m_painter.drawEllipse(QRectF(Box.Left, Box.Top, width - 1, height - 1));
+    TouchBox(std::array{DevicePoint{Box.Left, Box.Top}, DevicePoint{Box.Right, Box.Bottom}});
 }
 
 void QtDevice::FillRectangle(const DeviceRect& Box, Color Fill)
@@ -166,10 +203,10 @@ void QtDevice::FillRectangle(const DeviceRect& Box, Color Fill)
     this->Fill({Box.Left, Box.Top, Box.Right, Box.Bottom}, Fill, RasterOp::Copy);
 }
 
-void QtDevice::DrawPicture(const DeviceRect& Target, const PictureView& Picture)
+void QtDevice::DrawPicture(
+    const DeviceRect& Target, const PictureView& Picture, const DeviceRect& Source)
 {
-    const Area whole{Target.Left, Target.Top, Target.Right, Target.Bottom};
-    const Area area = Visible(whole);
+    Area area = Visible({Target.Left, Target.Top, Target.Right, Target.Bottom});
     const auto cells = static_cast<std::size_t>(std::max(Picture.Width, 0))
         * static_cast<std::size_t>(std::max(Picture.Height, 0));
     if (!Picture.Palette || cells == 0 || Picture.Pixels.size() < cells || area.Left >= area.Right
@@ -178,10 +215,10 @@ void QtDevice::DrawPicture(const DeviceRect& Target, const PictureView& Picture)
 
     std::array<QRgb, 256> colors;
     std::transform(Picture.Palette->begin(), Picture.Palette->end(), colors.begin(), ToRgb);
-    const std::vector<int> columns =
-        SourcePositions(area.Left, area.Right, whole.Left, whole.Right - whole.Left, Picture.Width);
-    const std::vector<int> rows =
-        SourcePositions(area.Top, area.Bottom, whole.Top, whole.Bottom - whole.Top, Picture.Height);
+    const Stretch across{Target.Left, Target.Right, Source.Left, Source.Width()};
+    const Stretch down{Target.Top, Target.Bottom, Source.Top, Source.Height()};
+    const std::vector<int> columns = across.SourcesWithin(Picture.Width, area.Left, area.Right);
+    const std::vector<int> rows = down.SourcesWithin(Picture.Height, area.Top, area.Bottom);
     for (std::size_t y = 0; y < rows.size(); ++y) {
         QRgb* const to = Row(area.Top + static_cast<std::int64_t>(y)) + area.Left;
         if (y > 0 && rows[y] == rows[y - 1]) {

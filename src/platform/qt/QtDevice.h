@@ -17,6 +17,9 @@ public:
     explicit QtDevice(QImage& On, int PenScale = 1);
 
     int BitsPerPixel() const override;
+    DeviceRect Bounds() const override { return {0, 0, m_width, m_height}; }
+    // Of all that lines, outlines and fills may have changed so far; empty at first.
+    DeviceRect Touched() const { return m_touched; }
 
     Pen CurrentPen() const override { return m_pen; }
     void SetPen(const Pen& NewPen) override;
@@ -26,13 +29,16 @@ public:
     void DrawPolyline(std::span<const DevicePoint> Points) override;
     void DrawEllipse(const DeviceRect& Box) override;
     void FillRectangle(const DeviceRect& Box, Color Fill) override;
-    void DrawPicture(const DeviceRect& Target, const PictureView& Picture) override;
+    void DrawPicture(
+        const DeviceRect& Target, const PictureView& Picture, const DeviceRect& Source) override;
 
 private:
     struct Area {
         std::int64_t Left, Top, Right, Bottom;
     };
     Area Visible(const Area& Wanted) const;
+    void Touch(const Area& Changed);
+    void TouchBox(std::span<const DevicePoint> Corners);
     void DrawThinLine(DevicePoint From, DevicePoint To);
     void DrawUprightLine(DevicePoint From, DevicePoint To);
     void Fill(const Area& Wanted, Color Ink, RasterOp How);
@@ -46,6 +52,7 @@ private:
     Pen m_pen;
     int m_penWidth = 1; // of m_pen, physical pixels
     RasterOp m_operation = RasterOp::Copy;
+    DeviceRect m_touched{};
 };
 
 } // namespace morvane

@@ -1,0 +1,62 @@
+// How the grid is drawn.
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+
+#include "document/clsGrid.h"
+#include "platform/Numbers.h"
+
+namespace morvane {
+namespace {
+
+// The lines across one axis. Positions are device pixels, not rounded yet.
+struct GridLines {
+    double First, Last, Step;
+
+    // Calls Draw with the device position of each line between Low and High, once for each: from
+    // First in whole steps, and one at Last if the steps stop short of it. Steps of less than a
+    // pixel hit every position.
+    template <typename DrawLine>
+    void ForEach(int low, int high, DrawLine draw) const
+    {
+        constexpr double shortfall = 1e-9; // of a step, by rounding
+        const double step = std::max(Step, 1.0);
+        const double from = std::max(0.0, std::floor((low - First) / step));
+        const double to = (std::min(Last, static_cast<double>(high)) - First) / step + shortfall;
+        std::optional<int> before;
+        for (double i = from; i <= to; ++i) {
+            const int at = RoundToLong(First + i * step);
+            if (at != before)
+                draw(at);
+            before = at;
+        }
+        if (const int end = RoundToLong(Last); end != before)
+            draw(end);
+    }
+};
+
+} // namespace
+
+void clsGrid::Draw(Device& On, const ImageMapping& Map, RasterOp Op) const
+{
+    if (!IsDefined(GridIsCalibrated + GridHasBounds))
+        return;
+    const clsRasterOpScope operation(On, Op);
+    const clsPenScope pen(On, {White, 1});
+    const double left = (UpperLeftX - Map.OffsetX) * Map.Zoom;
+    const double top = (UpperLeftY - Map.OffsetY) * Map.Zoom;
+    const double right = left + PixelWidth * Map.Zoom, bottom = top + PixelHeight * Map.Zoom;
+    const DevicePoint low{RoundToLong(left), RoundToLong(top)};
+    const DevicePoint high{RoundToLong(right), RoundToLong(bottom)};
+    const double scale = PixelWidth / PhysicalWidth * Map.Zoom; // device pixels a millimetre
+    const DeviceRect shown = On.Bounds();
+    GridLines{left, right, scale * CellWidth}.ForEach(shown.Left, shown.Right, [&](int x) {
+        On.DrawPolyline(std::array{DevicePoint{x, low.Y}, DevicePoint{x, high.Y}});
+    });
+    GridLines{top, bottom, scale * CellHeight}.ForEach(shown.Top, shown.Bottom, [&](int y) {
+        On.DrawPolyline(std::array{DevicePoint{low.X, y}, DevicePoint{high.X, y}});
+    });
+}
+
+} // namespace morvane
