@@ -1,5 +1,6 @@
 // A host for documents without a session: windows that only remember where they stand, no messages.
 #pragma once
+#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -25,6 +26,9 @@ class PlainImageWindow final : public PlainWindow<ImageWindow> {
 public:
     void RefreshPicture() override { }
     void ResizeWindow() override { }
+    [[noreturn]] MouseTools& Tools() override { std::abort(); } // nobody works in it
+    int ZoomPercent() const override { return 100; }
+    void SetZoom(int) override { }
 };
 
 class PlainTextWindow final : public PlainWindow<TextWindow> {

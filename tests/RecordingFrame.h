@@ -44,11 +44,45 @@ private:
     WindowPlace m_place{10, 20, 300, 200};
 };
 
-class RecordingImageWindow final : public RecordingWindow<ImageWindow> {
+// With mouse tools of its own, on a client of 400 by 300 pixels.
+class RecordingImageWindow final : public RecordingWindow<ImageWindow>, public ToolsHost {
 public:
-    using RecordingWindow::RecordingWindow;
+    RecordingImageWindow(WindowLog& Log, clsDocument& Of, Session& In)
+        : RecordingWindow(Log, "Image"), m_document(Of), m_session(In)
+    {
+    }
     void RefreshPicture() override { Write("picture"); }
     void ResizeWindow() override { Write("resize"); }
+    MouseTools& Tools() override { return m_tools; }
+    int ZoomPercent() const override { return m_viewport.ZoomPercent(); }
+    void SetZoom(int Percent) override
+    {
+        m_viewport.SetZoomPercent(Percent);
+        m_viewport.Layout(400, 300, 1, m_document.GetImageSize());
+    }
+
+    bool IsActive() const override { return m_session.Active() == &m_document; }
+    void Repaint() override { Write("repaint"); }
+    void XorSelected() override { }
+    void DrawClickMark(Point) override { Write("mark"); }
+    void ShowPointer(PointerShape) override { }
+    void ShowHint(std::string_view Hint) override
+    {
+        if (IsActive())
+            m_session.Frame().ShowHint(std::string(Hint));
+    }
+    void ShowPosition(const std::string&, const std::string&) override { }
+    void Scrolled() override { Write("scrolled"); }
+    void ZoomTo(int Percent) override { SetZoom(Percent); }
+    void ShowPopup(const FringePopup& Menu) override { m_session.Frame().ShowFringePopup(Menu); }
+    void SelectOrder(int Order) override { m_session.SelectOrder(Order); }
+    void MarkChanges() override { m_session.Frame().UpdateMainFrame(); }
+
+private:
+    clsDocument& m_document;
+    Session& m_session;
+    ImageViewport m_viewport;
+    MouseTools m_tools{m_document, m_viewport, m_session.Tools, *this};
 };
 
 class RecordingTextWindow final : public RecordingWindow<TextWindow> {
@@ -69,16 +103,29 @@ public:
     // What the user chooses in the next dialogs, in order; none left is a cancelled dialog.
     std::vector<FileChoice> Choices;
     std::vector<FileRequest> Requests;
+    std::string LastHint;
+    std::vector<FringePopup> Popups;
+    std::vector<InputRequest> Inputs;
+    std::optional<std::string> TypedText; // into every such dialog; none cancels it
+    Session* Shown = nullptr;
 
     void UpdateMainFrame() override { ++Updates; }
     void SetHourglass(bool Shown) override { Hourglass = Shown; }
     std::optional<FileChoice> AskOpen(const FileRequest& Request) override { return Ask(Request); }
     std::optional<FileChoice> AskSave(const FileRequest& Request) override { return Ask(Request); }
-    std::unique_ptr<ImageWindow> CreateImageWindow(clsDocument&) override
+    void ShowHint(const std::string& Hint) override { LastHint = Hint; }
+    void ShowPosition(const std::string&, const std::string&) override { }
+    void ShowFringePopup(const FringePopup& Menu) override { Popups.push_back(Menu); }
+    std::optional<InputAnswer> AskInput(const InputRequest& Request) override
+    {
+        Inputs.push_back(Request);
+        return TypedText ? std::optional(AnswerOf(Request, *TypedText)) : std::nullopt;
+    }
+    std::unique_ptr<ImageWindow> CreateImageWindow(clsDocument& Of) override
     {
         if (RefuseWindows)
             return nullptr;
-        return std::make_unique<RecordingImageWindow>(Log, "Image");
+        return std::make_unique<RecordingImageWindow>(Log, Of, *Shown);
     }
     std::unique_ptr<TextWindow> CreateTextWindow(clsDocument&, ViewType Kind) override
     {
@@ -126,6 +173,8 @@ struct SilentSession {
     RecordingAnswerer Answerer;
     RecordingFrame Frame;
     Session Main{Answerer, Frame};
+
+    SilentSession() { Frame.Shown = &Main; }
 };
 
 } // namespace morvane

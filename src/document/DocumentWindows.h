@@ -11,6 +11,7 @@
 namespace morvane {
 
 class clsDocument;
+class MouseTools;
 
 enum class Activation { TakeFocus, LeaveFocus };
 
@@ -27,13 +28,18 @@ public:
     virtual void Repaint() = 0;
 };
 
-// The interferogram with aperture, obstruction and ticks over it.
+// The interferogram with aperture, obstruction, ticks and grid over it.
 class ImageWindow : public DocumentWindow {
 public:
     // The document's picture is another one, or there is none any more.
     virtual void RefreshPicture() = 0;
     // Takes the size that suits the picture.
     virtual void ResizeWindow() = 0;
+    // The machine behind the mouse; it goes with the window.
+    virtual MouseTools& Tools() = 0;
+    virtual int ZoomPercent() const = 0;
+    // One of the levels of the zoom box.
+    virtual void SetZoom(int Percent) = 0;
 };
 
 // A read-only text with tab stops, in quarters of the font's average character width.

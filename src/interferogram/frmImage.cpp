@@ -3,16 +3,14 @@
 #include <QCloseEvent>
 #include <QMdiArea>
 #include <QPointer>
-#include <QStyle>
 
-#include "document/Dib.h"
 #include "interferogram/qt/ImageCanvas.h"
 #include "shell/qt/WindowPlaces.h"
 
 namespace morvane {
 
 frmImage::frmImage(clsDocument& Of, Session& In)
-    : ChildWindow(Of, ViewType::Interferogram, In), m_canvas(new ImageCanvas(Of))
+    : ChildWindow(Of, ViewType::Interferogram, In), m_canvas(new ImageCanvas(Of, In))
 {
     setObjectName("frmImage");
     setWidget(m_canvas);
@@ -20,15 +18,27 @@ frmImage::frmImage(clsDocument& Of, Session& In)
 
 void frmImage::Repaint()
 {
-    m_canvas->Invalidate();
+    m_canvas->Repaint();
 }
 
 void frmImage::RefreshPicture()
 {
-    const Preferences& preferences = m_session.GetPreferences();
-    m_canvas->SetPalette(BuildDisplayPalette(
-        preferences.RedDisplay, preferences.AutoStretch, m_document.Image().Pixels));
-    m_canvas->RefreshSize();
+    m_canvas->RefreshPicture();
+}
+
+MouseTools& frmImage::Tools()
+{
+    return m_canvas->Tools();
+}
+
+int frmImage::ZoomPercent() const
+{
+    return m_canvas->ZoomPercent();
+}
+
+void frmImage::SetZoom(int Percent)
+{
+    m_canvas->SetZoom(Percent);
 }
 
 void frmImage::SetPlace(const WindowPlace& Place)
@@ -42,13 +52,7 @@ void frmImage::ResizeWindow()
     if (m_hasGivenSize || isMaximized() || isMinimized() || !mdiArea())
         return;
     const QRect room = RoomForPicture(mdiArea()->size(), m_document.DocNumber);
-    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    QSize wanted = sizeHint();
-    if (wanted.width() > room.width())
-        wanted.rheight() += bar;
-    if (wanted.height() > room.height())
-        wanted.rwidth() += bar;
-    setGeometry(QRect(isVisible() ? pos() : room.topLeft(), wanted.boundedTo(room.size())));
+    setGeometry(QRect(isVisible() ? pos() : room.topLeft(), sizeHint().boundedTo(room.size())));
 }
 
 // The document destroys this window, which must not happen inside its own event.

@@ -18,6 +18,9 @@ public:
     void Repaint() override;
     void RefreshPicture() override;
     void ResizeWindow() override;
+    MouseTools& Tools() override;
+    int ZoomPercent() const override;
+    void SetZoom(int Percent) override;
 
 protected:
     void closeEvent(QCloseEvent* Event) override;

@@ -172,6 +172,20 @@ void frmMain::SetHourglass(bool Shown)
         QApplication::restoreOverrideCursor();
 }
 
+void frmMain::ShowHint(const std::string& Hint)
+{
+    statusBar()->showMessage(QString::fromStdString(Hint));
+}
+
+void frmMain::ShowPosition(const std::string&, const std::string&) { }
+
+void frmMain::ShowFringePopup(const FringePopup&) { }
+
+std::optional<InputAnswer> frmMain::AskInput(const InputRequest&)
+{
+    return std::nullopt;
+}
+
 // A tool window that comes before its owner would end up below it.
 void frmMain::showEvent(QShowEvent* Event)
 {

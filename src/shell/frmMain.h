@@ -37,6 +37,10 @@ public:
     std::unique_ptr<TextWindow> CreateTextWindow(clsDocument& Of, ViewType Kind) override;
     void UpdateMainFrame() override;
     void SetHourglass(bool Shown) override;
+    void ShowHint(const std::string& Hint) override;
+    void ShowPosition(const std::string& Position, const std::string& Intensity) override;
+    void ShowFringePopup(const FringePopup& Menu) override;
+    std::optional<InputAnswer> AskInput(const InputRequest& Request) override;
     std::optional<FileChoice> AskOpen(const FileRequest& Request) override;
     std::optional<FileChoice> AskSave(const FileRequest& Request) override;
 

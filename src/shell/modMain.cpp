@@ -152,6 +152,8 @@ void Session::ActivateDocument(clsDocument& Front, ViewType View)
     }
     m_activeDocument = Front.DocNumber;
     Front.ActiveView = View;
+    if (View == ViewType::Interferogram && Front.ImageViewExists())
+        Tools.EditMode = Front.ImageView()->Tools().EditMode();
     if (changed && Front.OutputViewsExist())
         Analyze.SetControls(Front);
     m_frame.UpdateMainFrame();

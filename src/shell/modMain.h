@@ -11,8 +11,10 @@
 #include "document/DocumentHost.h"
 #include "document/GrabberHost.h"
 #include "document/clsDocument.h"
+#include "interferogram/MouseTools.h"
 #include "shell/AnalyzeBox.h"
 #include "shell/FileDialogs.h"
+#include "shell/InputPrompt.h"
 #include "shell/PreferenceTable.h"
 #include "shell/RecentFiles.h"
 
@@ -26,6 +28,13 @@ public:
     // Documents, the active one or its views have changed: commands, checks and status follow.
     virtual void UpdateMainFrame() = 0;
     virtual void SetHourglass(bool Shown) = 0;
+    // What the mouse would do, in the status bar.
+    virtual void ShowHint(const std::string& Hint) = 0;
+    virtual void ShowPosition(const std::string& Position, const std::string& Intensity) = 0;
+    // At the mouse; PopupActive of the tool box is to end with it.
+    virtual void ShowFringePopup(const FringePopup& Menu) = 0;
+    // A dialog with one box; nothing if the user cancels.
+    virtual std::optional<InputAnswer> AskInput(const InputRequest& Request) = 0;
 };
 
 class Session final : public DocumentHost {
@@ -35,6 +44,7 @@ public:
 
     Preferences Prefs;
     AnalyzeBox Analyze;
+    ToolBox Tools;
     RecentFiles Recent;
     GrabberHost Grabber;
     // The preferences and analysis options; From then takes the output views' state whenever the
@@ -87,6 +97,34 @@ public:
     bool ReplacePicture(clsDocument& Of, const std::string& Path, bool Quiet);
     bool ReplaceDocument(clsDocument& Of, const std::string& Path, bool Quiet);
 
+    // --- Mouse tools, zoom and tool box, on the interferogram of the active document; each does
+    // nothing without one
+    void SetZoom(int Percent);
+    void StepZoom(ZoomStep Step);
+    // The hand tool if not.
+    void SetEditMode(bool Edit);
+    // Clicks draw a figure of the kind that the tool box has for it, in place of the old one.
+    void AddShape(ShapeRole Role);
+    // Ends a drawing too.
+    void ClearShape(ShapeRole Role);
+    // The figure kept in the settings. False, and Into stays as it is, if none is kept. The mask is
+    // the caller's matter.
+    bool LoadShape(ShapeRole Role, clsDocument& Into);
+    void LoadShapeIntoActive(ShapeRole Role);
+    // Into the settings, for every picture to come; without an interferogram's window too.
+    void SaveShape(ShapeRole Role);
+    // Numbers of fringes, about the current order of the tool box.
+    void InsertFringe();
+    void RemoveFringe();
+    void RenumberFringe();
+    // The clicks so far stay with the order before. Only 1 to MaxFringes.
+    void SelectOrder(int Order);
+    // What the user has typed, of whatever size.
+    void TypeOrder(const std::string& Text);
+    // The center that the right button's menu is about.
+    void DeleteFringeCenter();
+    void ClearFringes();
+
     // --- Saving. False if the user cancels or it fails; then the file that was there before still
     // is, and the document is still modified.
     enum class SaveMode { ImageOnly, Document };
@@ -128,6 +166,9 @@ public:
 private:
     friend class UnattendedScope;
 
+    MouseTools* ActiveTools() const;
+    // The same, with the interferogram in front.
+    MouseTools* ToolsInFront();
     bool ReadDocument(clsDocument& Into, const std::string& Path, bool Quiet);
     void ClearDocument(clsDocument& Of);
     void LoadSavedShapes(clsDocument& Into);

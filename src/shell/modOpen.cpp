@@ -63,10 +63,10 @@ std::shared_ptr<clsDocument> Session::OpenPicture(const std::string& Path, bool 
 
 void Session::LoadSavedShapes(clsDocument& Into)
 {
-    if (m_settings && Prefs.AutoLoadAperture)
-        LoadSavedShape(*m_settings, SavedAperture, Into.Aperture);
-    if (m_settings && Prefs.AutoLoadObstruction)
-        LoadSavedShape(*m_settings, SavedObstruction, Into.Obstruction);
+    if (Prefs.AutoLoadAperture)
+        LoadShape(ShapeRole::Aperture, Into);
+    if (Prefs.AutoLoadObstruction)
+        LoadShape(ShapeRole::Obstruction, Into);
 }
 
 std::shared_ptr<clsDocument> Session::OpenDocument(const std::string& Path, bool Quiet)

@@ -1,143 +1,307 @@
 #include "interferogram/qt/ImageCanvas.h"
 
+#include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyle>
 #include <algorithm>
 #include <cmath>
 
+#include "document/Dib.h"
+#include "interferogram/qt/Pointers.h"
 #include "platform/Numbers.h"
 #include "platform/qt/QtDevice.h"
 
 namespace morvane {
 namespace {
 
-constexpr int TickSize = 3; // half arm of a tick's cross, logical pixels
-constexpr int ScrollStep = 16;
+constexpr int ScrollStep = 16; // image pixels
+constexpr int WheelStep = 120; // of a usual wheel
 
-void SetRange(QScrollBar& Bar, int Whole, int Shown)
+int ShiftOf(Qt::KeyboardModifiers keys)
 {
-    Bar.setRange(0, std::max(0, Whole - Shown));
-    Bar.setPageStep(Shown);
-    Bar.setSingleStep(ScrollStep);
+    return (keys & Qt::ShiftModifier ? ShiftKey : 0) | (keys & Qt::ControlModifier ? ControlKey : 0)
+        | (keys & Qt::AltModifier ? AltKey : 0);
+}
+
+Color ToColor(const QColor& of)
+{
+    return {static_cast<std::uint8_t>(of.red()), static_cast<std::uint8_t>(of.green()),
+        static_cast<std::uint8_t>(of.blue())};
+}
+
+int PenScale(double density)
+{
+    return std::max(1, RoundToLong(density));
 }
 
 } // namespace
 
-ImageCanvas::ImageCanvas(const clsDocument& Of, QWidget* Parent)
-    : QAbstractScrollArea(Parent), m_document(Of)
+ImageCanvas::ImageCanvas(clsDocument& Of, Session& In)
+    : m_document(Of), m_session(In), m_painter(Of, m_viewport, In.Tools),
+      m_tools(Of, m_viewport, In.Tools, *this)
 {
     setFrameShape(QFrame::NoFrame);
-    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     horizontalScrollBar()->setObjectName("hsbImage");
     verticalScrollBar()->setObjectName("vsbImage");
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+    viewport()->setMouseTracking(true);
 }
 
-void ImageCanvas::SetPalette(const std::array<Color, 256>& Palette)
-{
-    m_palette = Palette;
-    Invalidate();
-}
-
-// A bar takes room that may make the other one necessary. The present viewport says nothing: it
-// leaves out bars that are not needed any more.
-void ImageCanvas::RefreshSize()
-{
-    const QSize picture = PictureSize();
-    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    QSize shown = maximumViewportSize();
-    const bool tooHigh = picture.height() > shown.height();
-    const bool tooWide = picture.width() > shown.width() - (tooHigh ? bar : 0);
-    if (tooWide)
-        shown.rheight() -= bar;
-    if (picture.height() > shown.height())
-        shown.rwidth() -= bar;
-    SetRange(*horizontalScrollBar(), picture.width(), shown.width());
-    SetRange(*verticalScrollBar(), picture.height(), shown.height());
-    Invalidate();
-}
-
-void ImageCanvas::Invalidate()
-{
-    m_valid = false;
-    viewport()->update();
-}
-
-QSize ImageCanvas::PictureSize() const
+RasterSize ImageCanvas::PictureSize() const
 {
     const RasterSize size = m_document.GetImageSize();
-    if (size.Width == NoSize || size.Height == NoSize)
-        return {0, 0};
-    return {size.Width, size.Height};
+    return size.Width == NoSize || size.Height == NoSize ? RasterSize{} : size;
+}
+
+QSize ImageCanvas::ClientSize() const
+{
+    const double density = devicePixelRatioF();
+    return {static_cast<int>(std::ceil(viewport()->width() * density)),
+        static_cast<int>(std::ceil(viewport()->height() * density))};
 }
 
 QSize ImageCanvas::sizeHint() const
 {
-    const QSize picture = PictureSize();
-    return picture.isEmpty() ? QSize(400, 300) : picture;
+    const RasterSize picture = PictureSize();
+    const double zoom = m_viewport.ZoomPercent() / 100.0;
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    if (picture.Width == 0 || picture.Height == 0)
+        return {400, 300};
+    return {RoundToLong(picture.Width * zoom) + bar, RoundToLong(picture.Height * zoom) + bar};
+}
+
+void ImageCanvas::RefreshPicture()
+{
+    const Preferences& preferences = m_session.GetPreferences();
+    m_painter.SetDisplay(BuildDisplayPalette(preferences.RedDisplay, preferences.AutoStretch,
+                             m_document.Image().Pixels),
+        ToColor(palette().color(QPalette::Button)));
+    m_tools.Forget();
+    Layout();
+}
+
+void ImageCanvas::SetZoom(int Percent)
+{
+    m_viewport.SetZoomPercent(Percent);
+    Layout();
+}
+
+void ImageCanvas::Layout()
+{
+    const QSize client = ClientSize();
+    m_density = devicePixelRatioF();
+    m_viewport.Layout(client.width(), client.height(), m_density, PictureSize());
+    m_painter.SetDensity(m_density);
+    ShowScrollBars();
+    Repaint();
+}
+
+void ImageCanvas::ShowScrollBars()
+{
+    const QScopedValueRollback showing(m_isShowingBars, true);
+    const auto show = [this](QScrollBar& bar, const ScrollBar& state, int client) {
+        bar.setRange(0, std::max(0, state.Max));
+        bar.setPageStep(std::max(1, RoundToLong(client * m_viewport.InvZoom())));
+        bar.setSingleStep(ScrollStep);
+        bar.setValue(state.Value);
+        bar.setEnabled(state.Enabled);
+    };
+    show(*horizontalScrollBar(), m_viewport.Horizontal(), m_viewport.ClientWidth());
+    show(*verticalScrollBar(), m_viewport.Vertical(), m_viewport.ClientHeight());
+}
+
+bool ImageCanvas::IsActive() const
+{
+    return m_session.Active() == &m_document;
+}
+
+void ImageCanvas::Repaint()
+{
+    m_isCurrent = false;
+    viewport()->update();
+}
+
+// On the client as it is; one that is not current is drawn anew anyway.
+template <typename Drawing>
+void ImageCanvas::DrawNow(Drawing Draw)
+{
+    if (!m_isCurrent || m_client.isNull())
+        return;
+    QtDevice device(m_client, PenScale(m_density));
+    Draw(device);
+    UpdateBox(device.Touched());
+}
+
+void ImageCanvas::UpdateBox(const DeviceRect& Box)
+{
+    if (Box.Width() == 0)
+        return;
+    const QRectF box(Box.Left, Box.Top, Box.Width(), Box.Height());
+    viewport()->update(QRectF(box.topLeft() / m_density, box.size() / m_density).toAlignedRect());
+}
+
+void ImageCanvas::XorSelected()
+{
+    DrawNow([this](Device& on) { m_painter.DrawSelected(on, m_tools.Selected()); });
+}
+
+void ImageCanvas::DrawClickMark(Point Image)
+{
+    DrawNow([&](Device& on) { m_painter.DrawClickMark(on, Image); });
+}
+
+void ImageCanvas::ShowPointer(PointerShape Shape)
+{
+    if (Shape == m_pointer)
+        return;
+    m_pointer = Shape;
+    viewport()->setCursor(PointerFor(Shape, devicePixelRatioF()));
+}
+
+void ImageCanvas::ShowHint(std::string_view Hint)
+{
+    if (IsActive())
+        m_session.Frame().ShowHint(std::string(Hint));
+}
+
+void ImageCanvas::ShowPosition(const std::string& Position, const std::string& Intensity)
+{
+    m_session.Frame().ShowPosition(Position, Intensity);
+}
+
+void ImageCanvas::Scrolled()
+{
+    ShowScrollBars();
+    Repaint();
+}
+
+void ImageCanvas::ZoomTo(int Percent)
+{
+    SetZoom(Percent);
+    m_session.Frame().UpdateMainFrame();
+}
+
+void ImageCanvas::ShowPopup(const FringePopup& Menu)
+{
+    m_session.Frame().ShowFringePopup(Menu);
+}
+
+void ImageCanvas::SelectOrder(int Order)
+{
+    m_session.SelectOrder(Order);
+}
+
+void ImageCanvas::MarkChanges()
+{
+    m_session.Frame().UpdateMainFrame();
 }
 
 void ImageCanvas::paintEvent(QPaintEvent*)
 {
-    const double zoom = devicePixelRatioF();
-    const QSize physical(static_cast<int>(std::ceil(viewport()->width() * zoom)),
-        static_cast<int>(std::ceil(viewport()->height() * zoom)));
-    if (m_client.size() != physical) {
-        m_client = QImage(physical, QImage::Format_RGB32);
-        m_valid = false;
+    const QSize client = ClientSize();
+    if (m_density != devicePixelRatioF())
+        Layout();
+    if (m_client.size() != client) {
+        m_client = QImage(client, QImage::Format_RGB32);
+        m_isCurrent = false;
     }
     if (m_client.isNull())
         return;
-    if (!m_valid)
-        Compose(zoom);
-    m_valid = true;
+    if (!m_isCurrent) {
+        QtDevice device(m_client, PenScale(m_density));
+        m_painter.Paint(device, m_tools);
+        m_isCurrent = true;
+    }
     QPainter painter(viewport());
-    painter.drawImage(QRectF(QPointF(0, 0), QSizeF(physical) / zoom), m_client);
+    painter.drawImage(QRectF(QPointF(0, 0), QSizeF(client) / m_density), m_client);
 }
 
 void ImageCanvas::resizeEvent(QResizeEvent*)
 {
-    RefreshSize();
+    Layout();
 }
 
 void ImageCanvas::scrollContentsBy(int, int)
 {
-    Invalidate();
+    if (m_isShowingBars)
+        return;
+    m_viewport.ScrollTo(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    Repaint();
 }
 
-void ImageCanvas::Compose(double Zoom)
+void ImageCanvas::mousePressEvent(QMouseEvent* Event)
 {
-    QtDevice device(m_client, std::max(1, RoundToLong(Zoom)));
-    const ImageMapping map{Zoom, static_cast<double>(horizontalScrollBar()->value()),
-        static_cast<double>(verticalScrollBar()->value())};
-    DrawPicture(device, map);
-    DrawOverlays(device, map);
+    const QPointF at = Event->position() * m_density;
+    const int shift = ShiftOf(Event->modifiers());
+    if (Event->button() == Qt::LeftButton)
+        m_tools.Press(MouseButton::Left, at.x(), at.y(), shift);
+    else if (Event->button() == Qt::RightButton)
+        m_tools.Press(MouseButton::Right, at.x(), at.y(), shift);
 }
 
-void ImageCanvas::DrawPicture(Device& On, const ImageMapping& Map) const
+// The second of two quick clicks is a click like any other.
+void ImageCanvas::mouseDoubleClickEvent(QMouseEvent* Event)
 {
-    const int width = m_client.width(), height = m_client.height();
-    if (m_document.BlankImage) {
-        const QColor face = palette().color(QPalette::Button);
-        On.FillRectangle({0, 0, width, height},
-            {static_cast<std::uint8_t>(face.red()), static_cast<std::uint8_t>(face.green()),
-                static_cast<std::uint8_t>(face.blue())});
+    mousePressEvent(Event);
+}
+
+void ImageCanvas::mouseMoveEvent(QMouseEvent* Event)
+{
+    const QPointF at = Event->position() * m_density;
+    m_tools.Move(at.x(), at.y(), Event->buttons() & Qt::LeftButton, ShiftOf(Event->modifiers()));
+}
+
+void ImageCanvas::mouseReleaseEvent(QMouseEvent* Event)
+{
+    m_tools.Release(Event->button() == Qt::LeftButton ? MouseButton::Left : MouseButton::Right,
+        ShiftOf(Event->modifiers()));
+}
+
+// The right button has its own event; this is the menu key, at the mouse.
+void ImageCanvas::contextMenuEvent(QContextMenuEvent* Event)
+{
+    Event->accept();
+    if (Event->reason() != QContextMenuEvent::Keyboard)
+        return;
+    const QPointF at = QPointF(viewport()->mapFromGlobal(QCursor::pos())) * m_density;
+    m_tools.Press(MouseButton::Right, at.x(), at.y(), 0);
+}
+
+void ImageCanvas::wheelEvent(QWheelEvent* Event)
+{
+    if (!(Event->modifiers() & Qt::ControlModifier)) {
+        m_wheel = 0;
+        QAbstractScrollArea::wheelEvent(Event);
         return;
     }
-    const ImageBuffer& image = m_document.Image();
-    const DevicePoint topLeft = Map.ToDevice(0, 0);
-    const DevicePoint bottomRight = Map.ToDevice(image.Size.Width, image.Size.Height);
-    On.DrawPicture({topLeft.X, topLeft.Y, bottomRight.X, bottomRight.Y},
-        {image.Pixels, image.Size.Width, image.Size.Height, &m_palette});
-    On.FillRectangle({bottomRight.X, 0, width, height}, Black);
-    On.FillRectangle({0, bottomRight.Y, width, height}, Black);
+    Event->accept();
+    m_wheel += Event->angleDelta().y();
+    if (std::abs(m_wheel) < WheelStep)
+        return;
+    const QPointF at = Event->position() * m_density;
+    m_tools.ZoomAt(at.x(), at.y(), m_wheel > 0 ? ZoomStep::In : ZoomStep::Out);
+    m_wheel = 0;
 }
 
-void ImageCanvas::DrawOverlays(Device& On, const ImageMapping& Map) const
+void ImageCanvas::keyPressEvent(QKeyEvent* Event)
 {
-    m_document.Aperture.Draw(On, Map, RasterOp::Copy);
-    m_document.Obstruction.Draw(On, Map, RasterOp::Copy);
-    m_document.Fringes.DrawAll(On, Map, {.TickSize = RoundToLong(TickSize * Map.Zoom)});
+    m_tools.KeysChanged(ShiftOf(Event->modifiers()));
+    if (Event->key() != Qt::Key_Space)
+        QAbstractScrollArea::keyPressEvent(Event);
+}
+
+// A key held down repeats its release too, which is none.
+void ImageCanvas::keyReleaseEvent(QKeyEvent* Event)
+{
+    const int shift = ShiftOf(Event->modifiers());
+    m_tools.KeysChanged(shift);
+    if (Event->key() == Qt::Key_Space && !Event->isAutoRepeat())
+        m_tools.SpaceKey(shift);
 }
 
 } // namespace morvane

@@ -1,42 +1,76 @@
-// The client of an interferogram window: the picture at one logical pixel for each of its own, with
-// aperture, obstruction and ticks over it, and scroll bars where the window is smaller. It is drawn
-// into a picture of its own in physical pixels; the paint event only shows that.
+// The client of an interferogram window with its scroll bars: events go to the mouse tools, what
+// they tell goes on the screen and to the session. The client is a picture of its own in physical
+// pixels; tools draw on it at any time, the paint event only shows it.
 #pragma once
 #include <QAbstractScrollArea>
 #include <QImage>
 
-#include "document/clsDocument.h"
+#include "interferogram/ImagePainter.h"
+#include "shell/modMain.h"
 
 namespace morvane {
 
-class ImageCanvas final : public QAbstractScrollArea {
+class ImageCanvas final : public QAbstractScrollArea, public ToolsHost {
 public:
-    explicit ImageCanvas(const clsDocument& Of, QWidget* Parent = nullptr);
+    ImageCanvas(clsDocument& Of, Session& In);
 
-    void SetPalette(const std::array<Color, 256>& Palette);
-    // Size and scroll range follow the document's picture.
-    void RefreshSize();
-    // Draws anew with the next paint event.
-    void Invalidate();
+    MouseTools& Tools() { return m_tools; }
+    int ZoomPercent() const { return m_viewport.ZoomPercent(); }
+    // Zoom and scroll range follow.
+    void SetZoom(int Percent);
+    // The document's picture is another one.
+    void RefreshPicture();
 
-    // Such that the whole picture shows.
+    // Such that the whole picture shows at the present zoom.
     QSize sizeHint() const override;
+
+    // --- ToolsHost
+    bool IsActive() const override;
+    void Repaint() override;
+    void XorSelected() override;
+    void DrawClickMark(Point Image) override;
+    void ShowPointer(PointerShape Shape) override;
+    void ShowHint(std::string_view Hint) override;
+    void ShowPosition(const std::string& Position, const std::string& Intensity) override;
+    void Scrolled() override;
+    void ZoomTo(int Percent) override;
+    void ShowPopup(const FringePopup& Menu) override;
+    void SelectOrder(int Order) override;
+    void MarkChanges() override;
 
 protected:
     void paintEvent(QPaintEvent* Event) override;
     void resizeEvent(QResizeEvent* Event) override;
     void scrollContentsBy(int DeltaX, int DeltaY) override;
+    void mousePressEvent(QMouseEvent* Event) override;
+    void mouseDoubleClickEvent(QMouseEvent* Event) override;
+    void mouseMoveEvent(QMouseEvent* Event) override;
+    void mouseReleaseEvent(QMouseEvent* Event) override;
+    void contextMenuEvent(QContextMenuEvent* Event) override;
+    void wheelEvent(QWheelEvent* Event) override;
+    void keyPressEvent(QKeyEvent* Event) override;
+    void keyReleaseEvent(QKeyEvent* Event) override;
 
 private:
-    QSize PictureSize() const;
-    void Compose(double Zoom);
-    void DrawPicture(Device& On, const ImageMapping& Map) const;
-    void DrawOverlays(Device& On, const ImageMapping& Map) const;
+    RasterSize PictureSize() const;
+    QSize ClientSize() const;
+    void Layout();
+    void ShowScrollBars();
+    void UpdateBox(const DeviceRect& Box);
+    template <typename Drawing>
+    void DrawNow(Drawing Draw);
 
-    const clsDocument& m_document;
-    std::array<Color, 256> m_palette{};
+    clsDocument& m_document;
+    Session& m_session;
+    ImageViewport m_viewport;
+    ImagePainter m_painter;
+    MouseTools m_tools;
     QImage m_client; // physical pixels
-    bool m_valid = false;
+    double m_density = 1; // of the layout
+    bool m_isCurrent = false; // the client shows the present state
+    bool m_isShowingBars = false; // their signals say nothing new
+    PointerShape m_pointer = PointerShape::Default;
+    int m_wheel = 0; // turned so far towards a zoom step
 };
 
 } // namespace morvane

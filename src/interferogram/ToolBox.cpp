@@ -1,0 +1,43 @@
+#include "interferogram/ToolBox.h"
+
+#include "platform/Numbers.h"
+
+namespace morvane {
+
+void ToolBox::SetOrder(int Order)
+{
+    m_previousOrder = m_currentOrder;
+    m_currentOrder = Order;
+    m_orderText = std::to_string(Order);
+    Tell();
+}
+
+void ToolBox::TypeOrder(const std::string& Text)
+{
+    m_previousOrder = m_currentOrder;
+    m_currentOrder = RoundToLong(LeadingNumber(Text));
+    m_orderText = Text;
+    Tell();
+}
+
+void ToolBox::SetKind(ShapeRole Role, ShapeKind Kind)
+{
+    (Role == ShapeRole::Aperture ? m_aperture : m_obstruction) = Kind;
+    Tell();
+}
+
+void ToolBox::SetControls(const ToolControls& Controls)
+{
+    if (m_controls == Controls)
+        return;
+    m_controls = Controls;
+    Tell();
+}
+
+void ToolBox::Tell()
+{
+    if (Changed)
+        Changed();
+}
+
+} // namespace morvane

@@ -1,0 +1,10 @@
+#pragma once
+#include <QCursor>
+
+#include "interferogram/ToolTables.h"
+
+namespace morvane {
+
+QCursor PointerFor(PointerShape Shape, double Density);
+
+} // namespace morvane
