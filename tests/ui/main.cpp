@@ -7,6 +7,7 @@
 
 int main(int argc, char** argv)
 {
+    Q_INIT_RESOURCE(morvane);
     testing::InitGoogleTest(&argc, argv);
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");

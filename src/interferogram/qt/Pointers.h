@@ -1,3 +1,5 @@
+// The mouse pointers over an interferogram: black with a white edge, to be seen on dark and on
+// bright fringes.
 #pragma once
 #include <QCursor>
 
@@ -5,6 +7,7 @@
 
 namespace morvane {
 
+// Density is physical pixels per logical one of the screen that the pointer is on.
 QCursor PointerFor(PointerShape Shape, double Density);
 
 } // namespace morvane
