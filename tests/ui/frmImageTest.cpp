@@ -33,8 +33,8 @@ protected:
 TEST_F(frmImageWindow, FitsASmallPictureAndBlackensTheRest)
 {
     clsDocument& document = Open(120, 100);
-    EXPECT_FALSE(Bar(document, "hsbImage").isVisible());
-    EXPECT_FALSE(Bar(document, "vsbImage").isVisible());
+    EXPECT_FALSE(Bar(document, "hsbImage").isEnabled());
+    EXPECT_FALSE(Bar(document, "vsbImage").isEnabled());
     EXPECT_EQ(Shown(document, 60, 50), QColor(128, 0, 0)) << "in red";
     Window(document).resize(300, 300);
     EXPECT_EQ(Shown(document, 150, 50), QColor(Qt::black));
@@ -62,8 +62,8 @@ TEST_F(frmImageWindow, DrawsTheOverlaysAfterARepaint)
     const QColor bare = Shown(document, 60, 20);
     document.Aperture.Save(
         ShapeKind::Circle, std::array{Point{20, 50}, Point{60, 20}, Point{100, 50}, Point{60, 80}});
-    int index = document.Fringes.AddOrder(1); // magenta
-    document.Fringes.AddCenter(1, {60, 50}, index);
+    int index = document.Fringes.AddOrder(4); // magenta
+    document.Fringes.AddCenter(4, {60, 50}, index);
     EXPECT_EQ(Shown(document, 60, 20), bare);
     document.ImageView()->Repaint();
     EXPECT_EQ(Shown(document, 20, 50), QColor(Qt::white));
