@@ -33,6 +33,14 @@ constexpr Figure figures[] = {
     {"LoadDocument", 2.5}, // getline and from_chars over the same file
     {"SaveDocument", 2.5}, // to_chars of the same numbers, and one write
     {"ReadSettings", AnyRatio, 5}, // the lines of the file
+    {"PanStep25", AnyRatio, 4}, // one blit of the client area; so for all below
+    {"PanStep100", AnyRatio, 4},
+    {"PanStep150", AnyRatio, 4},
+    {"ScrollStep", AnyRatio, 4},
+    {"ZoomStep", AnyRatio, 16},
+    {"HoverMove", AnyRatio, 1},
+    {"DragTick", AnyRatio, 2},
+    {"DragShape", AnyRatio, 2},
 };
 
 constexpr double NotMeasured = std::numeric_limits<double>::infinity();

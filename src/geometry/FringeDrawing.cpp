@@ -36,8 +36,32 @@ private:
 
 void DrawTick(Device& on, const ImageMapping& map, const TickStyle& style, Point tick)
 {
-    DrawCross(on, map.ToDevice(tick.X, tick.Y), style.TickSize);
+    on.DrawCrosses(std::array{map.ToDevice(tick.X, tick.Y)}, style.TickSize);
 }
+
+// Draws ticks by the batch, so that a device may be quick with them.
+class TickBatch {
+public:
+    TickBatch(Device& on, const ImageMapping& map, int arm) : m_on(on), m_map(map), m_arm(arm) { }
+    void Add(Point tick)
+    {
+        m_centers[m_count++] = m_map.ToDevice(tick.X, tick.Y);
+        if (m_count == m_centers.size())
+            Draw();
+    }
+    void Draw()
+    {
+        m_on.DrawCrosses(std::span(m_centers).first(m_count), m_arm);
+        m_count = 0;
+    }
+
+private:
+    Device& m_on;
+    const ImageMapping& m_map;
+    const int m_arm;
+    std::array<DevicePoint, 256> m_centers;
+    std::size_t m_count = 0;
+};
 
 } // namespace
 
@@ -60,6 +84,7 @@ void clsFringes::DrawSlots(Device& On, const ImageMapping& Map, const TickStyle&
     const clsRasterOpScope operation(On, Style.Op);
     const bool monochrome = On.BitsPerPixel() == 1;
     const TickWindow window(On.Bounds(), Map, Style);
+    TickBatch batch(On, Map, Style.TickSize);
     for (int index = 1; index <= m_numFringes; ++index) {
         const Color ink = monochrome ? White : OrderColor(m_orders[index], Style);
         const clsPenScope pen(On, {ink, Style.PenWidth});
@@ -67,7 +92,8 @@ void clsFringes::DrawSlots(Device& On, const ImageMapping& Map, const TickStyle&
         for (std::size_t i = 0; i < ticks.size(); ++i)
             if (window.MayShow(ticks[i])
                 && (index != ExceptIndex || static_cast<int>(i) + 1 != ExceptTick))
-                DrawTick(On, Map, Style, ticks[i]);
+                batch.Add(ticks[i]);
+        batch.Draw();
     }
 }
 

@@ -125,7 +125,7 @@ void ImagePainter::DrawClickMark(Device& On, Point Image) const
 {
     const clsRasterOpScope operation(On, RasterOp::Copy);
     const clsPenScope pen(On, {White, 1});
-    DrawCross(On, m_viewport.Mapping().ToDevice(Image.X, Image.Y), m_tickSize);
+    On.DrawCrosses(std::array{m_viewport.Mapping().ToDevice(Image.X, Image.Y)}, m_tickSize);
 }
 
 } // namespace morvane

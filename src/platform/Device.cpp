@@ -6,13 +6,15 @@
 
 namespace morvane {
 
-void DrawCross(Device& On, DevicePoint Center, int Arm)
+void Device::DrawCrosses(std::span<const DevicePoint> Centers, int Arm)
 {
     constexpr int farOff = 1 << 30; // keeps the arms of a cross far outside within the integers
-    const int x = std::clamp(Center.X, -farOff, farOff);
-    const int y = std::clamp(Center.Y, -farOff, farOff);
-    On.DrawPolyline(std::array{DevicePoint{x - Arm, y}, DevicePoint{x + Arm + 1, y}});
-    On.DrawPolyline(std::array{DevicePoint{x, y - Arm}, DevicePoint{x, y + Arm + 1}});
+    for (const DevicePoint& center : Centers) {
+        const int x = std::clamp(center.X, -farOff, farOff);
+        const int y = std::clamp(center.Y, -farOff, farOff);
+        DrawPolyline(std::array{DevicePoint{x - Arm, y}, DevicePoint{x + Arm + 1, y}});
+        DrawPolyline(std::array{DevicePoint{x, y - Arm}, DevicePoint{x, y + Arm + 1}});
+    }
 }
 
 DevicePoint ImageMapping::ToDevice(double X, double Y) const

@@ -60,6 +60,8 @@ public:
 
     // Through all points with the pen; the last point itself is not drawn.
     virtual void DrawPolyline(std::span<const DevicePoint> Points) = 0;
+    // Upright crosses with arms of Arm device units, their ends included, with the pen.
+    virtual void DrawCrosses(std::span<const DevicePoint> Centers, int Arm);
     // The outline of the ellipse that fills Box, with the pen.
     virtual void DrawEllipse(const DeviceRect& Box) = 0;
     virtual void FillRectangle(const DeviceRect& Box, Color Fill) = 0;
@@ -103,9 +105,6 @@ private:
     Device& m_device;
     RasterOp m_before;
 };
-
-// An upright cross with arms of Arm device units, their ends included, with the pen.
-void DrawCross(Device& On, DevicePoint Center, int Arm);
 
 // Where image pixels fall on a device: device = round((image - Offset) * Zoom), halves to even.
 struct ImageMapping {

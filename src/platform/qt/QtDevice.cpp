@@ -93,14 +93,13 @@ void QtDevice::Touch(const Area& Changed)
         std::max(m_touched.Right, box.Right), std::max(m_touched.Bottom, box.Bottom)};
 }
 
-// What the painter draws between the corners, the width of its pen around them.
-void QtDevice::TouchBox(std::span<const DevicePoint> Corners)
+// What lies between the corners and so many pixels around them.
+void QtDevice::TouchBox(std::span<const DevicePoint> Corners, std::int64_t Around)
 {
     const auto [left, right] = std::ranges::minmax(Corners, {}, &DevicePoint::X);
     const auto [top, bottom] = std::ranges::minmax(Corners, {}, &DevicePoint::Y);
-    const std::int64_t around = m_penWidth + 1;
     const Area area =
-        Visible({left.X - around, top.Y - around, right.X + around, bottom.Y + around});
+        Visible({left.X - Around, top.Y - Around, right.X + Around, bottom.Y + Around});
     if (area.Left < area.Right && area.Top < area.Bottom)
         Touch(area);
 }
@@ -182,7 +181,34 @@ void QtDevice::DrawPolyline(std::span<const DevicePoint> Points)
         for (const DevicePoint& point : Points)
             polyline.append({point.X, point.Y});
         m_painter.drawPolyline(polyline);
-        TouchBox(Points);
+        TouchBox(Points, m_penWidth + 1);
+    }
+}
+
+// Ticks come by the ten thousand: those that lie wholly inside, with the thinnest pen, are written
+// straight into the rows.
+void QtDevice::DrawCrosses(std::span<const DevicePoint> Centers, int Arm)
+{
+    const bool isPlain = m_penWidth == 1 && m_operation == RasterOp::Copy && Arm >= 0;
+    const int right = m_width - Arm, bottom = m_height - Arm;
+    for (const DevicePoint& center : Centers) {
+        if (isPlain && center.X >= Arm && center.X < right && center.Y >= Arm && center.Y < bottom)
+            DrawWholeCross(center, Arm);
+        else
+            Device::DrawCrosses({&center, 1}, Arm);
+    }
+    if (isPlain && !Centers.empty())
+        TouchBox(Centers, Arm + 1);
+}
+
+void QtDevice::DrawWholeCross(DevicePoint Center, int Arm)
+{
+    const QRgb ink = ToRgb(m_pen.Ink);
+    QRgb* const middle = Row(Center.Y) + Center.X;
+    const qsizetype below = m_stride / static_cast<qsizetype>(sizeof(QRgb));
+    for (int step = -Arm; step <= Arm; ++step) {
+        middle[step] = ink;
+        middle[step * below] = ink;
     }
 }
 
@@ -195,7 +221,8 @@ void QtDevice::DrawEllipse(const DeviceRect& Box)
         return;
     }
     m_painter.drawEllipse(QRectF(Box.Left, Box.Top, width - 1, height - 1));
-    TouchBox(std::array{DevicePoint{Box.Left, Box.Top}, DevicePoint{Box.Right, Box.Bottom}});
+    TouchBox(std::array{DevicePoint{Box.Left, Box.Top}, DevicePoint{Box.Right, Box.Bottom}},
+        m_penWidth + 1);
 }
 
 void QtDevice::FillRectangle(const DeviceRect& Box, Color Fill)
@@ -219,6 +246,7 @@ void QtDevice::DrawPicture(
     const Stretch down{Target.Top, Target.Bottom, Source.Top, Source.Height()};
     const std::vector<int> columns = across.SourcesWithin(Picture.Width, area.Left, area.Right);
     const std::vector<int> rows = down.SourcesWithin(Picture.Height, area.Top, area.Bottom);
+    const bool isOneToOne = Source.Width() == Target.Width();
     for (std::size_t y = 0; y < rows.size(); ++y) {
         QRgb* const to = Row(area.Top + static_cast<std::int64_t>(y)) + area.Left;
         if (y > 0 && rows[y] == rows[y - 1]) {
@@ -227,8 +255,12 @@ void QtDevice::DrawPicture(
         }
         const std::uint8_t* const from =
             Picture.Pixels.data() + static_cast<std::size_t>(rows[y]) * Picture.Width;
-        for (std::size_t x = 0; x < columns.size(); ++x)
-            to[x] = colors[from[columns[x]]];
+        if (isOneToOne)
+            for (std::size_t x = 0; x < columns.size(); ++x)
+                to[x] = colors[from[columns.front() + x]];
+        else
+            for (std::size_t x = 0; x < columns.size(); ++x)
+                to[x] = colors[from[columns[x]]];
     }
 }
 

@@ -27,6 +27,7 @@ public:
     void SetRasterOp(RasterOp NewOp) override;
 
     void DrawPolyline(std::span<const DevicePoint> Points) override;
+    void DrawCrosses(std::span<const DevicePoint> Centers, int Arm) override;
     void DrawEllipse(const DeviceRect& Box) override;
     void FillRectangle(const DeviceRect& Box, Color Fill) override;
     void DrawPicture(
@@ -38,8 +39,9 @@ private:
     };
     Area Visible(const Area& Wanted) const;
     void Touch(const Area& Changed);
-    void TouchBox(std::span<const DevicePoint> Corners);
+    void TouchBox(std::span<const DevicePoint> Corners, std::int64_t Around);
     void DrawThinLine(DevicePoint From, DevicePoint To);
+    void DrawWholeCross(DevicePoint Center, int Arm);
     void DrawUprightLine(DevicePoint From, DevicePoint To);
     void Fill(const Area& Wanted, Color Ink, RasterOp How);
     QRgb* Row(std::int64_t Y) const;
