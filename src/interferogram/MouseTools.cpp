@@ -472,8 +472,7 @@ void MouseTools::StartShape(ShapeRole Role, ShapeKind Kind)
     StartDrawing(isAperture ? DrawTarget::Aperture : DrawTarget::Obstruction, Kind, ClicksOf(Kind));
     (isAperture ? m_document.Aperture : m_document.Obstruction).Delete();
     ShapeChanged();
-    m_box.SetControls(
-        {.Enable = false, .ApertureClear = isAperture, .ObstructionClear = !isAperture});
+    m_box.SetControls(Controls());
     m_host.Repaint();
 }
 
@@ -518,8 +517,17 @@ void MouseTools::EndDrawing()
     m_drawShapeType = ShapeKind::None;
     m_clicksNeeded = 1;
     m_numClicks = 0;
-    m_box.SetControls({});
+    m_box.SetControls(Controls());
     ChangeMouseIcon(0);
+}
+
+ToolControls MouseTools::Controls() const
+{
+    const bool aperture = m_target == DrawTarget::Aperture;
+    const bool obstruction = m_target == DrawTarget::Obstruction;
+    if (!aperture && !obstruction)
+        return {};
+    return {.Enable = false, .ApertureClear = aperture, .ObstructionClear = obstruction};
 }
 
 void MouseTools::SaveFringe(int Order)

@@ -93,6 +93,8 @@ public:
 
     const ImageObject& Selected() const { return m_selected; }
     DrawTarget Target() const { return m_target; }
+    // Of the tool box, while this is the interferogram in front.
+    ToolControls Controls() const;
     // Of a figure that is not finished.
     std::span<const Point> Clicks() const { return std::span(m_clicks).first(m_numClicks); }
 

@@ -87,8 +87,10 @@ void Session::CloseDocument(clsDocument& Closed)
     const std::shared_ptr<clsDocument> released = std::move(m_documents[slot]);
     m_documents[slot].reset();
     --m_numOpenDocuments;
-    if (m_activeDocument == slot)
+    if (m_activeDocument == slot) {
         m_activeDocument = 0;
+        Tools.SetControls({});
+    }
     released->CloseWindows();
     if (m_numOpenDocuments == 0 && Prefs.HogWindows && m_settings) {
         SaveViewSettings(*m_settings, Prefs);
@@ -154,6 +156,7 @@ void Session::ActivateDocument(clsDocument& Front, ViewType View)
     Front.ActiveView = View;
     if (View == ViewType::Interferogram && Front.ImageViewExists())
         Tools.EditMode = Front.ImageView()->Tools().EditMode();
+    Tools.SetControls(ActiveTools() ? ActiveTools()->Controls() : ToolControls{});
     if (changed && Front.OutputViewsExist())
         Analyze.SetControls(Front);
     m_frame.UpdateMainFrame();
