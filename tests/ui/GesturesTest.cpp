@@ -1,7 +1,10 @@
 // Every gesture on an interferogram, by the events of a real window.
 #include <gtest/gtest.h>
 
+#include <malloc.h>
+
 #include <QMouseEvent>
+#include <QPixmapCache>
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <cmath>
@@ -441,6 +444,32 @@ TEST_F(Gestures, AnotherPictureEndsTheDrag)
     EXPECT_EQ(Document().Fringes.TotalNumTicks(), 0);
     EXPECT_TRUE(IsCurrent());
 }
+
+#if !defined(__SANITIZE_ADDRESS__) // which has an allocator, and a check for leaks, of its own
+TEST_F(Gestures, WindowsOpenedAndClosedLeaveNothingBehind)
+{
+    const std::string path = WritePicture(300, 260);
+    const auto openAndClose = [&] {
+        Session.OpenFiles({path}, true);
+        Settle();
+        AddTick(1, {50, 60});
+        Drag({50, 60}, {{60, 70}, {50, 60}});
+        Shown();
+        Document().Modified = false;
+        Session.CloseDocument(Document());
+        Settle();
+        QPixmapCache::clear(); // Qt keeps icons there, up to a limit
+    };
+    for (int i = 0; i < 20; ++i)
+        openAndClose();
+    const std::size_t before = mallinfo2().uordblks;
+    for (int i = 0; i < 100; ++i)
+        openAndClose();
+    // Qt itself keeps about a kilobyte of every window that was shown; a picture here has 78.
+    EXPECT_LT(mallinfo2().uordblks, before + 100 * 4096) << "bytes in use";
+    EXPECT_EQ(Frame.findChildren<frmImage*>().size(), 0);
+}
+#endif
 
 } // namespace
 } // namespace morvane::test
