@@ -1,5 +1,6 @@
 #include "document/DocumentTexts.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "FringePicture.h"
@@ -94,6 +95,34 @@ TEST_F(ReportedDocument, ZernikesInTwoColumns)
     const std::string last = "\r\n18\t 0.000000\t36\t 0.000000";
     EXPECT_EQ(text.substr(text.size() - last.size()), last);
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 17);
+}
+
+TEST(GridResultsTextOf, TellsCriteriaStatisticsAndEachCell)
+{
+    clsGrid grid;
+    grid.MaxRMS = 0.075;
+    grid.UsePV = false;
+    grid.CellWidth = 10;
+    grid.CellHeight = 5;
+    EXPECT_EQ(GridResultsText(grid),
+        "Maximum Acceptable RMS:\t 0.0750\r\nP-V Measurement Not Considered\r\n\r\n");
+    grid.CellCountX = 11;
+    grid.CellCountY = 1;
+    std::vector<std::int32_t> states(11, CellNotAnalysed);
+    std::vector<double> values(11);
+    states[1] = CellUsable;
+    states[10] = CellFails;
+    values[1] = 0.05;
+    values[10] = 0.1234567;
+    grid.SetAnalysisResults(states, values, values);
+    const std::string text = GridResultsText(grid);
+    EXPECT_THAT(text,
+        testing::HasSubstr(
+            "\r\n\r\n18.18% of cells analyzed\r\n50.00% of cells usable\r\n"
+            "50.00 mm^2 of area is usable.\r\n\r\n\t RMS\t P-V\r\n\t ---\t ---\r\n"
+            "(0, 0) \t 0.0000\t 0.0000\tN/A\r\n(1, 0) \t 0.0500\t 0.0500\tPASS\r\n"));
+    EXPECT_TRUE(text.ends_with("\r\n(10, 0) \t 0.1235\t 0.1235\tFAIL"));
+    EXPECT_EQ(GridResultsTabStops(grid), (std::array{36, 76, 116})) << "patterns ##0 and #0";
 }
 
 } // namespace
