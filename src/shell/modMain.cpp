@@ -222,8 +222,7 @@ void Session::ToggleView(ViewType View)
     clsDocument* const active = Active();
     if (!active || !active->OutputViewsExist() || View == ViewType::Interferogram)
         return;
-    bool& visible =
-        View == ViewType::Aberrations ? active->Visible.Aberrations : active->Visible.Zernikes;
+    bool& visible = active->Visible.At(View);
     visible = !visible;
     active->OutputViews_UpdateVisibility(Activation::LeaveFocus);
     DocumentWindow* const front = visible ? active->View(View) : active->ImageView();
