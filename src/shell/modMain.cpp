@@ -157,6 +157,8 @@ void Session::ActivateDocument(clsDocument& Front, ViewType View)
     if (changed && Front.OutputViewsExist())
         Analyze.SetControls(Front);
     m_frame.UpdateMainFrame();
+    if (View == ViewType::Interferogram && ActiveTools())
+        ActiveTools()->ChangeStatusBar(0);
 }
 
 // What is shown of this document, and where, the next one shows there too.
