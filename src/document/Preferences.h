@@ -27,12 +27,38 @@ struct WindowPlace {
     friend bool operator==(const WindowPlace&, const WindowPlace&) = default;
 };
 
-// Something for each of the seven output views.
+// Something for each of the seven output views; At takes one of these.
 template <typename T>
 struct PerView {
     T SurfacePlot{}, ContourPlot{}, LineProfile{}, SFringe{}, Aberrations{}, Zernikes{},
         GridResults{};
+
+    const T& At(ViewType View) const { return this->*MemberOf(View); }
+    T& At(ViewType View) { return this->*MemberOf(View); }
     friend bool operator==(const PerView&, const PerView&) = default;
+
+private:
+    static constexpr T PerView::*MemberOf(ViewType View)
+    {
+        switch (View) {
+        case ViewType::Interferogram: // none of the seven
+        case ViewType::SurfacePlot:
+            break;
+        case ViewType::ContourPlot:
+            return &PerView::ContourPlot;
+        case ViewType::LineProfile:
+            return &PerView::LineProfile;
+        case ViewType::SFringe:
+            return &PerView::SFringe;
+        case ViewType::Aberrations:
+            return &PerView::Aberrations;
+        case ViewType::Zernikes:
+            return &PerView::Zernikes;
+        case ViewType::GridResults:
+            return &PerView::GridResults;
+        }
+        return &PerView::SurfacePlot;
+    }
 };
 
 // What a test is of, and whose.

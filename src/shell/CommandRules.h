@@ -1,5 +1,10 @@
-// Which commands of the main window are enabled and checked.
+// Which commands of the main window are enabled and checked: a pure function of a small state, for
+// menu items and the tool bar alike. Commands without a rule here are always enabled; the windows
+// that float over the main window check theirs themselves.
 #pragma once
+#include <optional>
+
+#include "document/Preferences.h"
 
 namespace morvane {
 
@@ -7,21 +12,54 @@ class Session;
 
 struct CommandState {
     bool AnyDocument = false; // one is open
-    bool OutputViewsExist = false; // of the active document
-    bool AberrationsVisible = false, ZernikesVisible = false;
+    // Of the active document; none without one.
+    std::optional<ViewType> ActiveView;
+    bool OutputViewsExist = false;
+    PerView<bool> Visible; // output views
+    // Of the interferogram, while it is the active view.
+    bool EditMode = false;
+    std::optional<int> ZoomPercent;
     bool GrabberReady = false, GrabberHasProperties = false;
 };
 
-struct CommandRules {
-    bool Close = false, Save = false, SaveAs = false, AdjustAspectRatio = false;
-    bool Trace = false, Analyze = false, Arrange = false;
-    bool Views = false, Exports = false;
-    bool AberrationsChecked = false, ZernikesChecked = false;
-    bool Grab = false, GrabberProperties = false;
-    friend bool operator==(const CommandRules&, const CommandRules&) = default;
+// One rule may stand for several commands of the same kind.
+enum class Command {
+    Close,
+    Save,
+    SaveAs,
+    ExportMap,
+    ExportZernikes,
+    PageSetup,
+    Print,
+    Copy,
+    UserData,
+    ClearFringes,
+    Properties,
+    SurfacePlot,
+    ContourPlot,
+    LineProfile,
+    SFringe,
+    Aberrations,
+    Zernikes,
+    GridResults,
+    GrabImage,
+    GrabberProperties,
+    AdjustAspectRatio,
+    Trace,
+    AnalyzeFringes,
+    AddAverage,
+    ArrangeWindows,
+    HandTool,
+    EditTool,
+    Zoom
+};
+
+struct CommandRule {
+    bool Enabled = false, Checked = false;
+    friend bool operator==(const CommandRule&, const CommandRule&) = default;
 };
 
 CommandState StateOf(const Session& Of);
-CommandRules RulesFor(const CommandState& State);
+CommandRule RuleFor(Command Of, const CommandState& State);
 
 } // namespace morvane

@@ -1,16 +1,18 @@
 #include "shell/frmMain.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QLabel>
+#include <QComboBox>
 #include <QMdiArea>
-#include <QMenuBar>
+#include <QMenu>
 #include <QMimeData>
 #include <QScopedValueRollback>
-#include <QSignalBlocker>
-#include <QStatusBar>
+#include <QScreen>
+#include <QToolBar>
 
 #include "analysis/frmAnalyze.h"
+#include "interferogram/ZoomLevels.h"
 #include "interferogram/frmImage.h"
 #include "shell/qt/Appearance.h"
 #include "shell/qt/FileChooser.h"
@@ -40,18 +42,25 @@ std::vector<std::string> ToPaths(const QStringList& Paths)
 
 } // namespace
 
-frmMain::frmMain() : m_area(new WorkArea(this)), m_imageSize(new QLabel(this))
+frmMain::frmMain()
+    : m_area(new WorkArea(this)), m_toolBar(new QToolBar(this)), m_zoomBox(new QComboBox),
+      m_popup(new QMenu(this))
 {
     setWindowTitle(m_title);
     setAcceptDrops(true);
+    setContextMenuPolicy(Qt::NoContextMenu); // it would hide the tool bar past its command
     setCentralWidget(m_area);
-    m_imageSize->setObjectName("lblImageSize");
-    statusBar()->addPermanentWidget(m_imageSize);
+    MakeStatusBar();
     MakeFileMenu();
+    MakeEditMenu();
     MakeViewMenu();
     MakeProcessMenu();
     MakeWindowMenu();
     MakeHelpMenu();
+    MakePopup();
+    MakeTools();
+    SetShortcuts();
+    MakeToolBar();
     connect(m_area, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* front) {
         if (auto* const window = dynamic_cast<ChildWindow*>(front); window && m_session)
             window->Activated();
@@ -62,10 +71,21 @@ void frmMain::Attach(Session& Shown, SettingsStore& Settings)
 {
     m_session = &Shown;
     m_settings = &Settings;
-    m_analyze = new frmAnalyze(Shown, this);
+    AddToolWindow(new frmAnalyze(Shown, this), "mnuViewAnalyzeBox",
+        {&MainWindowSettings::AnalyzeBox, ReadAnalyzePlace, WriteAnalyzePlace},
+        [this](QSize wanted) { return PlaceForAnalysis(wanted); });
     ReadSettings();
-    connect(m_analyze, &frmAnalyze::VisibilityChanged, m_analyzeBox, &QAction::setChecked);
     UpdateMainFrame();
+}
+
+template <typename Form>
+void frmMain::AddToolWindow(
+    Form* Window, const char* Command, const ToolWindowKeeping& Kept, ToolWindow::FirstPlace First)
+{
+    auto* const added =
+        new ToolWindow(*Window, *findChild<QAction*>(Command), Kept, std::move(First));
+    connect(Window, &Form::VisibilityChanged, added, &ToolWindow::NoteVisible);
+    m_toolWindows.append(added);
 }
 
 std::optional<FileChoice> frmMain::AskOpen(const FileRequest& Request)
@@ -92,6 +112,8 @@ std::unique_ptr<ImageWindow> frmMain::CreateImageWindow(clsDocument& Of)
     auto window = std::make_unique<frmImage>(Of, *m_session);
     m_area->addSubWindow(window.get());
     window->hide();
+    // Without the tool bar nobody would see why the mouse does not edit.
+    window->Tools().SetEditMode(m_session->Tools.EditMode || m_toolBar->isHidden());
     return window;
 }
 
@@ -105,30 +127,25 @@ std::unique_ptr<TextWindow> frmMain::CreateTextWindow(clsDocument& Of, ViewType 
 
 void frmMain::UpdateMainFrame()
 {
-    const CommandRules rules = RulesFor(StateOf(*m_session));
-    m_close->setEnabled(rules.Close);
-    m_save->setEnabled(rules.Save);
-    m_saveAs->setEnabled(rules.SaveAs);
-    m_exportMap->setEnabled(rules.Exports);
-    m_exportZernikes->setEnabled(rules.Exports);
-    m_adjustAspectRatio->setEnabled(rules.AdjustAspectRatio);
-    m_grabImage->setEnabled(rules.Grab);
-    m_grabberProps->setEnabled(rules.GrabberProperties);
-    for (QAction* const trace : m_traces)
-        trace->setEnabled(rules.Trace);
-    m_analyzeFringes->setEnabled(rules.Analyze);
-    for (QAction* const arrangement : m_arrangements)
-        arrangement->setEnabled(rules.Arrange);
-    m_aberrations->setEnabled(rules.Views);
-    m_zernikes->setEnabled(rules.Views);
-    m_aberrations->setChecked(rules.AberrationsChecked);
-    m_zernikes->setChecked(rules.ZernikesChecked);
+    const CommandState state = StateOf(*m_session);
+    UpdateCommands(state);
     m_area->viewport()->update(); // what it says while it is empty
     for (ChildWindow* const window : ChildWindowsIn(*m_area))
         window->MarkChanges();
     ShowRecentFiles();
     SetTitle();
-    SetStatusBar();
+    SetStatusBar(state);
+}
+
+void frmMain::UpdateCommands(const CommandState& State)
+{
+    for (const auto& [command, action] : m_ruled) {
+        const CommandRule rule = RuleFor(command, State);
+        action->setEnabled(rule.Enabled);
+        action->setChecked(rule.Checked);
+    }
+    if (State.ZoomPercent)
+        m_zoomBox->setCurrentIndex(static_cast<int>(ZoomIndexOf(*State.ZoomPercent)));
 }
 
 void frmMain::SetTitle()
@@ -153,14 +170,6 @@ void frmMain::changeEvent(QEvent* Event)
         setWindowModified(m_isMarked);
 }
 
-void frmMain::SetStatusBar()
-{
-    const clsDocument* const active = m_session->Active();
-    const RasterSize size = active ? active->GetImageSize() : RasterSize{NoSize, NoSize};
-    m_imageSize->setText(
-        size.Width == NoSize ? QString() : QString("%1x%2").arg(size.Width).arg(size.Height));
-}
-
 void frmMain::SetHourglass(bool Shown)
 {
     if (Shown == m_hourglass)
@@ -172,15 +181,6 @@ void frmMain::SetHourglass(bool Shown)
         QApplication::restoreOverrideCursor();
 }
 
-void frmMain::ShowHint(const std::string& Hint)
-{
-    statusBar()->showMessage(QString::fromStdString(Hint));
-}
-
-void frmMain::ShowPosition(const std::string&, const std::string&) { }
-
-void frmMain::ShowFringePopup(const FringePopup&) { }
-
 std::optional<InputAnswer> frmMain::AskInput(const InputRequest&)
 {
     return std::nullopt;
@@ -190,13 +190,13 @@ std::optional<InputAnswer> frmMain::AskInput(const InputRequest&)
 void frmMain::showEvent(QShowEvent* Event)
 {
     QMainWindow::showEvent(Event);
-    if (m_placed || !m_analyze)
+    if (m_placed || !m_session)
         return;
     m_placed = true;
     if (!IsReachable(frameGeometry()))
         move(screen()->availableGeometry().topLeft());
-    if (m_kept.AnalyzeBox)
-        QMetaObject::invokeMethod(this, &frmMain::ShowAnalysis, Qt::QueuedConnection);
+    for (ToolWindow* const window : m_toolWindows)
+        QMetaObject::invokeMethod(window, &ToolWindow::Restore, Qt::QueuedConnection);
 }
 
 void frmMain::closeEvent(QCloseEvent* Event)
@@ -210,9 +210,8 @@ void frmMain::closeEvent(QCloseEvent* Event)
     if (!Event->isAccepted())
         return;
     WriteSettings();
-    // Its command stays checked: the user has not closed it.
-    const QSignalBlocker quiet(m_analyze);
-    m_analyze->hide();
+    for (ToolWindow* const window : m_toolWindows)
+        window->HideWithOwner();
 }
 
 void frmMain::EndUnasked()

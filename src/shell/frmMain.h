@@ -1,23 +1,23 @@
-// The main window: menus, the area that holds the windows of all documents, the status bar, and the
-// analysis window that floats over it. Commands go to the session; what is enabled and checked
-// comes from the rules of the session's state.
+// The main window: menus, the tool bar, the area that holds the windows of all documents, the
+// status bar, and the tool windows that float over it. Commands go to the session; what is enabled
+// and checked comes from the rules of the session's state.
 #pragma once
 #include <QMainWindow>
-#include <QPointer>
+#include <array>
+#include <functional>
 
-#include "shell/AnalyzeSettings.h"
 #include "shell/CommandRules.h"
 #include "shell/MainWindowSettings.h"
 #include "shell/modMain.h"
+#include "shell/qt/ToolWindow.h"
 
 class QActionGroup;
+class QComboBox;
 class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
 
 namespace morvane {
-
-class frmAnalyze;
 
 class frmMain final : public QMainWindow, public MainFrame {
     Q_OBJECT
@@ -52,44 +52,78 @@ protected:
     void dropEvent(QDropEvent* Event) override;
 
 private:
+    using Action = std::function<void()>;
+
     void ReadSettings();
     void WriteSettings();
+    template <typename Form>
+    void AddToolWindow(Form* Window, const char* Command, const ToolWindowKeeping& Kept,
+        ToolWindow::FirstPlace First);
+    QPoint PlaceForAnalysis(QSize Wanted) const;
+
+    QAction& Add(QMenu& To, const char* Name, const char* Caption, Action Act);
+    // The rule says when it is enabled and checked.
+    QAction& Add(QMenu& To, Command Rule, const char* Name, const char* Caption, Action Act);
+    QAction& AddTool(Command Rule, const char* Name, const char* Caption, Action Act);
+    // Does nothing without an active document.
+    template <typename OnDocument>
+    Action OnActive(OnDocument Act);
+    Action Refuse(const char* Reason);
     void MakeFileMenu();
     void MakeRecentFiles(QMenu& In);
+    void MakeEditMenu();
     void MakeViewMenu();
+    void AddBars(QMenu& To);
+    void AddBoxes(QMenu& To);
+    void AddViews(QMenu& To);
     void MakeProcessMenu();
     void MakeWindowMenu();
     void ListWindows(QMenu& Below);
     void MakeHelpMenu();
-    void ShowAnalysis();
-    void PlaceAnalysis();
     void ShowRecentFiles();
     void OpenQueued(std::vector<std::string> Paths);
+    void ShowHelp();
     void ShowAbout();
+
+    void MakePopup();
+    void MakeTools();
+    void SetShortcuts();
+    void MakeToolBar();
+    void MakeZoomBox();
+    void MakeStatusBar();
+    void UpdateCommands(const CommandState& State);
     void SetTitle();
-    void SetStatusBar();
+    void SetStatusBar(const CommandState& State);
+    void FocusOnDocument();
+
+    // What the status bar, and the menu over a picture, are about.
+    struct Scene {
+        int Document = 0;
+        std::optional<ViewType> View;
+        std::optional<int> ZoomPercent;
+        friend bool operator==(const Scene&, const Scene&) = default;
+    };
 
     Session* m_session = nullptr;
     SettingsStore* m_settings = nullptr;
-    // What the settings keep of this window, and of the analysis window's place on the screen.
-    MainWindowSettings m_kept;
-    BoxPlace m_analyzePlace;
+    MainWindowSettings m_kept; // of this window
     QString m_title = "Morvane";
     bool m_isMarked = false;
     QMdiArea* m_area;
-    QLabel* m_imageSize;
-    QPointer<frmAnalyze> m_analyze;
+    QToolBar* m_toolBar;
+    QComboBox* m_zoomBox;
+    QMenu* m_popup; // over a picture
+    std::array<QLabel*, 4> m_panels; // hint, size, position, intensity
+    Scene m_scene;
+    QList<ToolWindow*> m_toolWindows;
     QActionGroup* m_windowList = nullptr;
-    bool m_placed = false, m_analyzePlaced = false;
+    bool m_placed = false;
     bool m_hourglass = false;
     bool m_isClosing = false;
 
-    QAction *m_close, *m_save, *m_saveAs, *m_exportMap, *m_exportZernikes;
+    QList<std::pair<Command, QAction*>> m_ruled;
     std::array<QAction*, RecentFiles::MaxFiles> m_recentFiles;
     QAction* m_recentBar;
-    QAction *m_analyzeBox, *m_aberrations, *m_zernikes, *m_adjustAspectRatio;
-    QList<QAction*> m_traces, m_arrangements;
-    QAction *m_grabImage, *m_grabberProps, *m_analyzeFringes;
 };
 
 } // namespace morvane

@@ -1,12 +1,16 @@
 // The menus of the main window, with the files opened last and the list of windows.
 #include <QActionGroup>
 #include <QApplication>
+#include <QDesktopServices>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QUrl>
 
-#include "analysis/frmAnalyze.h"
 #include "document/frmAspectRatio.h"
 #include "document/qt/ChildWindow.h"
+#include "shell/HelpPage.h"
 #include "shell/frmMain.h"
 #include "shell/modFileLib.h"
 #include "shell/qt/Tiling.h"
@@ -15,60 +19,87 @@
 namespace morvane {
 namespace {
 
-QAction* AddCommand(QMenu& To, const char* Name, const char* Caption)
+QMenu& AddMenu(QMenuBar& to, const char* name, const char* caption)
 {
-    QAction* const action = To.addAction(Caption);
-    action->setObjectName(Name);
-    return action;
+    QMenu& menu = *to.addMenu(caption);
+    menu.setObjectName(name);
+    return menu;
 }
 
 } // namespace
 
+QAction& frmMain::Add(QMenu& To, const char* Name, const char* Caption, Action Act)
+{
+    QAction* const action = To.addAction(Caption);
+    action->setObjectName(Name);
+    connect(action, &QAction::triggered, this, std::move(Act));
+    return *action;
+}
+
+QAction& frmMain::Add(QMenu& To, Command Rule, const char* Name, const char* Caption, Action Act)
+{
+    QAction& action = Add(To, Name, Caption, std::move(Act));
+    m_ruled.append({Rule, &action});
+    return action;
+}
+
+template <typename OnDocument>
+frmMain::Action frmMain::OnActive(OnDocument Act)
+{
+    return [this, Act] {
+        // Held, for a script may close it while a dialog is on the screen.
+        if (const auto active = m_session->SharedDocument(m_session->ActiveDocument()))
+            Act(*m_session, *active);
+    };
+}
+
+frmMain::Action frmMain::Refuse(const char* Reason)
+{
+    return [this, Reason] { ShowHint(Reason); };
+}
+
 void frmMain::MakeFileMenu()
 {
-    QMenu& menu = *menuBar()->addMenu("&File");
-    QAction* const open = AddCommand(menu, "mnuFileOpen", "&Open...");
-    open->setShortcut(QKeySequence::Open);
-    connect(open, &QAction::triggered, this, [this] { m_session->OpenDialog(); });
-    const auto command = [&](const char* name, const char* caption, auto act) {
-        QAction* const action = AddCommand(menu, name, caption);
-        connect(action, &QAction::triggered, this, [this, act] {
-            // Held, for a script may close it while a dialog is on the screen.
-            if (const auto active = m_session->SharedDocument(m_session->ActiveDocument()))
-                act(*m_session, *active);
-        });
-        return action;
-    };
-    m_close = command("mnuFileClose", "&Close",
-        [](Session& session, clsDocument& active) { session.CloseAsking(active); });
-    m_close->setShortcut(QKeySequence("Ctrl+W"));
+    QMenu& menu = AddMenu(*menuBar(), "mnuFile", "&File");
+    Add(menu, "mnuFileOpen", "&Open...", [this] { m_session->OpenDialog(); });
+    Add(menu, Command::Close, "mnuFileClose", "&Close",
+        OnActive([](Session& session, clsDocument& active) { session.CloseAsking(active); }));
     menu.addSeparator();
-    m_save = command("mnuFileSave", "&Save",
-        [](Session& session, clsDocument& active) { session.SaveDocument(active); });
-    m_save->setShortcut(QKeySequence::Save);
-    m_saveAs = command("mnuFileSaveAs", "Save &As...", [](Session& session, clsDocument& active) {
-        session.SaveAsDialog(active, Session::SaveMode::Document);
-    });
-    m_saveAs->setShortcut(QKeySequence("Ctrl+Shift+S"));
-    m_exportMap = command("mnuFileExportMap", "Export &Map...",
-        [](Session& session, clsDocument& active) { session.ExportMapDialog(active); });
-    m_exportZernikes = command("mnuFileExportZernikes", "Export &Zernikes...",
-        [](Session& session, clsDocument& active) { session.ExportZernikesDialog(active); });
+    Add(menu, Command::Save, "mnuFileSave", "&Save",
+        OnActive([](Session& session, clsDocument& active) { session.SaveDocument(active); }));
+    Add(menu, Command::SaveAs, "mnuFileSaveAs", "Save &As...",
+        OnActive([](Session& session, clsDocument& active) {
+            session.SaveAsDialog(active, Session::SaveMode::Document);
+        }));
+    Add(menu, Command::ExportMap, "mnuFileExportMap", "Export &Map...",
+        OnActive([](Session& session, clsDocument& active) { session.ExportMapDialog(active); }));
+    Add(menu, Command::ExportZernikes, "mnuFileExportZernikes", "Export &Zernikes...",
+        OnActive(
+            [](Session& session, clsDocument& active) { session.ExportZernikesDialog(active); }));
+    menu.addSeparator();
+    Add(menu, Command::PageSetup, "mnuFilePageSetup", "Page Set&up...",
+        Refuse("The page setup is not available yet."));
+    Add(menu, Command::Print, "mnuFilePrint", "&Print...",
+        Refuse("Printing is not available yet."));
+    menu.addSeparator();
+    menu.addAction("P&references...")->setObjectName("mnuFilePreferences");
+    findChild<QAction*>("mnuFilePreferences")->setEnabled(false);
     menu.addSeparator();
     MakeRecentFiles(menu);
-    QAction* const exit = AddCommand(menu, "mnuFileExit", "E&xit");
-    exit->setShortcut(QKeySequence("Ctrl+Q"));
-    connect(exit, &QAction::triggered, this, &QWidget::close);
+    Add(menu, "mnuFileExit", "E&xit", [this] { close(); });
 }
 
 void frmMain::MakeRecentFiles(QMenu& In)
 {
-    In.setToolTipsVisible(true);
     for (QAction*& entry : m_recentFiles) {
-        entry = AddCommand(In, "mnuFileMRU", "");
+        entry = In.addAction("");
+        entry->setObjectName("mnuFileMRU");
         connect(entry, &QAction::triggered, this,
             [this, entry] { OpenQueued({entry->data().toString().toStdString()}); });
     }
+    // The tips of the other items are the tool bar's.
+    connect(&In, &QMenu::hovered, this,
+        [&In](const QAction* on) { In.setToolTipsVisible(on->objectName() == "mnuFileMRU"); });
     m_recentBar = In.addSeparator();
     m_recentBar->setObjectName("mnuFileBar5");
 }
@@ -89,58 +120,112 @@ void frmMain::ShowRecentFiles()
     m_recentBar->setVisible(!paths.empty());
 }
 
+void frmMain::MakeEditMenu()
+{
+    QMenu& menu = AddMenu(*menuBar(), "mnuEdit", "&Edit");
+    Add(menu, Command::Copy, "mnuEditCopy", "&Copy", Refuse("Copying is not available yet."));
+    menu.addSeparator();
+    Add(menu, Command::UserData, "mnuEditUserData", "User &Data...",
+        Refuse("The user data are not available yet."));
+    Add(menu, Command::ClearFringes, "mnuEditClearFringes", "Clea&r Fringes",
+        [this] { m_session->ClearFringes(); });
+    Add(menu, Command::Properties, "mnuEditProperties", "&Properties...",
+        Refuse("The properties are not available yet."));
+}
+
 void frmMain::MakeViewMenu()
 {
-    QMenu& menu = *menuBar()->addMenu("&View");
-    m_analyzeBox = AddCommand(menu, "mnuViewAnalyzeBox", "&Analyze");
-    m_analyzeBox->setCheckable(true);
-    connect(m_analyzeBox, &QAction::triggered, this,
-        [this](bool shown) { shown ? ShowAnalysis() : m_analyze->hide(); });
+    QMenu& menu = AddMenu(*menuBar(), "mnuView", "&View");
+    AddBars(menu);
+    AddBoxes(menu);
     menu.addSeparator();
-    const auto view = [&](const char* name, const char* caption, ViewType kind) {
-        QAction* const action = AddCommand(menu, name, caption);
-        action->setCheckable(true);
-        connect(action, &QAction::triggered, this, [this, kind] { m_session->ToggleView(kind); });
-        return action;
+    AddViews(menu);
+}
+
+void frmMain::AddBars(QMenu& To)
+{
+    const std::tuple<const char*, const char*, QWidget*> bars[] = {
+        {"mnuViewToolbar", "&Toolbar", m_toolBar},
+        {"mnuViewStatusBar", "Status Ba&r", statusBar()},
     };
-    m_aberrations = view("mnuViewAberrations", "A&berrations", ViewType::Aberrations);
-    m_zernikes = view("mnuViewZernikes", "&Zernikes", ViewType::Zernikes);
+    for (const auto& [name, caption, bar] : bars) {
+        QAction* const action = To.addAction(caption);
+        action->setObjectName(name);
+        action->setCheckable(true);
+        action->setChecked(true);
+        connect(action, &QAction::toggled, bar, &QWidget::setVisible);
+    }
+}
+
+// Live as soon as they have a window.
+void frmMain::AddBoxes(QMenu& To)
+{
+    constexpr std::pair<const char*, const char*> boxes[] = {
+        {"mnuViewToolBox", "Toolbo&x"},
+        {"mnuViewAnalyzeBox", "&Analyze"},
+        {"mnuViewGridAnalyzeBox", "Analyze &Grid"},
+        {"mnuViewAverageBox", "A&verage"},
+        {"mnuViewRefZernike", "Reference Zernikes"},
+        {"mnuViewMathBox", "Math"},
+    };
+    for (const auto& [name, caption] : boxes) {
+        QAction* const action = To.addAction(caption);
+        action->setObjectName(name);
+        action->setCheckable(true);
+        action->setEnabled(false);
+    }
+}
+
+void frmMain::AddViews(QMenu& To)
+{
+    constexpr std::tuple<Command, ViewType, const char*, const char*> views[] = {
+        {Command::SurfacePlot, ViewType::SurfacePlot, "mnuViewSurfacePlot", "&Surface Plot"},
+        {Command::ContourPlot, ViewType::ContourPlot, "mnuViewContourPlot", "&Contour Plot"},
+        {Command::LineProfile, ViewType::LineProfile, "mnuViewLineProfile", "&Line Profile"},
+        {Command::SFringe, ViewType::SFringe, "mnuViewSFringe", "Synthetic &Finges"},
+        {Command::Aberrations, ViewType::Aberrations, "mnuViewAberrations", "A&berrations"},
+        {Command::Zernikes, ViewType::Zernikes, "mnuViewZernikes", "&Zernikes"},
+        {Command::GridResults, ViewType::GridResults, "mnuViewGridResults", "Gr&id Results"},
+    };
+    for (const auto& [command, view, name, caption] : views)
+        Add(To, command, name, caption, [this, view = view] {
+            m_session->ToggleView(view);
+        }).setCheckable(true);
 }
 
 void frmMain::MakeProcessMenu()
 {
-    QMenu& menu = *menuBar()->addMenu("&Process");
-    m_grabImage = AddCommand(menu, "mnuProcessGrabImage", "&Grab Image");
-    connect(m_grabImage, &QAction::triggered, this, [this] { m_session->GrabImage(); });
-    m_grabberProps = AddCommand(menu, "mnuProcessGrabberProps", "Grabber Properties");
-    connect(m_grabberProps, &QAction::triggered, this, [this] { m_session->GrabberProperties(); });
-    m_adjustAspectRatio = AddCommand(menu, "mnuProcessAdjustAspectRatio", "A&djust Aspect Ratio");
-    connect(m_adjustAspectRatio, &QAction::triggered, this,
-        [this] { frmAspectRatio(*m_session, this).exec(); });
-    const auto trace = [&](const char* name, const char* caption, FringeDirection direction) {
-        QAction* const action = AddCommand(menu, name, caption);
-        connect(action, &QAction::triggered, this,
-            [this, direction] { m_session->TraceFringes(direction); });
-        m_traces.append(action);
+    QMenu& menu = AddMenu(*menuBar(), "mnuProcess", "&Process");
+    const auto trace = [this](FringeDirection direction) {
+        return [this, direction] { m_session->TraceFringes(direction); };
     };
-    trace("mnuProcessTraceV", "Trace &Vertically", FringeDirection::Vertical);
-    trace("mnuProcessTraceH", "Trace &Horizontally", FringeDirection::Horizontal);
-    m_analyzeFringes = AddCommand(menu, "mnuProcessAnalyzeFringes", "&Analyze Fringes");
-    connect(m_analyzeFringes, &QAction::triggered, this, [this] { m_session->AnalyzeFringes(); });
+    Add(menu, Command::GrabImage, "mnuProcessGrabImage", "&Grab Image",
+        [this] { m_session->GrabImage(); });
+    Add(menu, Command::GrabberProperties, "mnuProcessGrabberProps", "Grabber Properties",
+        [this] { m_session->GrabberProperties(); });
+    Add(menu, Command::AdjustAspectRatio, "mnuProcessAdjustAspectRatio", "A&djust Aspect Ratio",
+        [this] { frmAspectRatio(*m_session, this).exec(); });
+    Add(menu, Command::Trace, "mnuProcessTraceV", "Trace &Vertically",
+        trace(FringeDirection::Vertical));
+    Add(menu, Command::Trace, "mnuProcessTraceH", "Trace &Horizontally",
+        trace(FringeDirection::Horizontal));
+    Add(menu, Command::AnalyzeFringes, "mnuProcessAnalyzeFringes", "&Analyze Fringes",
+        [this] { m_session->AnalyzeFringes(); });
+    Add(menu, Command::AddAverage, "mnuProcessAddAverage", "Add To Ave&rage",
+        Refuse("Averaging is not available yet."));
 }
 
 void frmMain::MakeWindowMenu()
 {
-    QMenu& menu = *menuBar()->addMenu("&Window");
+    QMenu& menu = AddMenu(*menuBar(), "mnuWindow", "&Window");
     const auto arrangement = [&](const char* name, const char* caption, auto arrange) {
-        QAction* const action = AddCommand(menu, name, caption);
-        connect(action, &QAction::triggered, this, arrange);
-        m_arrangements.append(action);
+        Add(menu, Command::ArrangeWindows, name, caption, arrange);
     };
     arrangement("mnuWindowCascade", "&Cascade", [this] { m_area->cascadeSubWindows(); });
     arrangement(
         "mnuWindowTileHorizontal", "Tile &Horizontal", [this] { Tile(*m_area, Qt::Horizontal); });
     arrangement("mnuWindowTileVertical", "Tile &Vertical", [this] { Tile(*m_area, Qt::Vertical); });
+    arrangement("mnuWindowArrangeIcons", "&Arrange Icons", [this] { ArrangeIcons(*m_area); });
     connect(&menu, &QMenu::aboutToShow, this, [this, &menu] { ListWindows(menu); });
 }
 
@@ -167,9 +252,21 @@ void frmMain::ListWindows(QMenu& Below)
 
 void frmMain::MakeHelpMenu()
 {
-    QMenu& menu = *menuBar()->addMenu("&Help");
-    connect(AddCommand(menu, "mnuHelpAbout", "&About Morvane..."), &QAction::triggered, this,
-        &frmMain::ShowAbout);
+    QMenu& menu = AddMenu(*menuBar(), "mnuHelp", "&Help");
+    Add(menu, "mnuHelpContents", "&Contents", [this] { ShowHelp(); });
+    menu.addSeparator();
+    Add(menu, "mnuHelpAbout", "&About Morvane...", [this] { ShowAbout(); });
+}
+
+void frmMain::ShowHelp()
+{
+    const auto page = HelpPage(QApplication::applicationDirPath().toStdString());
+    if (!page)
+        m_session->ShowMessage("Could not find the help page beside the program",
+            MessageOk | MessageWarningSign, "Help");
+    else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(*page))))
+        m_session->ShowMessage(
+            "Could not open the help page " + *page, MessageOk | MessageWarningSign, "Help");
 }
 
 void frmMain::ShowAbout()

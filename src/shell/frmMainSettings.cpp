@@ -1,13 +1,12 @@
-// What the main window remembers between runs, and where it and the analysis window come up.
+// What the main window remembers between runs, and where its tool windows come up first.
+#include <QAction>
+#include <QMdiArea>
 #include <QScreen>
-#include <QStatusBar>
 
-#include "analysis/frmAnalyze.h"
 #include "platform/Numbers.h"
 #include "shell/frmMain.h"
 #include "shell/qt/Screens.h"
 #include "shell/qt/WindowPlaces.h"
-#include "shell/qt/WorkArea.h"
 
 namespace morvane {
 namespace {
@@ -28,9 +27,10 @@ void frmMain::ReadSettings()
         setWindowState(Qt::WindowMaximized);
     else if (m_kept.State == WindowState::Minimized)
         setWindowState(Qt::WindowMinimized);
-    m_analyzePlace = ReadAnalyzePlace(*m_settings);
-    statusBar()->setVisible(m_kept.StatusBar);
-    m_analyzeBox->setChecked(m_kept.AnalyzeBox);
+    findChild<QAction*>("mnuViewToolbar")->setChecked(m_kept.Toolbar);
+    findChild<QAction*>("mnuViewStatusBar")->setChecked(m_kept.StatusBar);
+    for (ToolWindow* const window : m_toolWindows)
+        window->ReadSettings(*m_settings, m_kept);
 }
 
 void frmMain::WriteSettings()
@@ -43,36 +43,21 @@ void frmMain::WriteSettings()
     for (const auto& [twips, pixels] : place)
         if (PixelsOf(*twips) != pixels)
             *twips = pixels * TwipsPerPixel;
-    m_kept.AnalyzeBox = m_analyzeBox->isChecked();
+    m_kept.Toolbar = findChild<QAction*>("mnuViewToolbar")->isChecked();
+    m_kept.StatusBar = findChild<QAction*>("mnuViewStatusBar")->isChecked();
+    for (const ToolWindow* const window : m_toolWindows)
+        window->WriteSettings(*m_settings, m_kept);
     WriteMainWindow(*m_settings, m_kept);
     SaveViewSettings(*m_settings, m_session->Prefs);
     WriteBoxes(*m_settings, m_kept);
     m_session->WriteSettings(*m_settings);
-    if (m_analyzePlaced)
-        m_analyzePlace = {m_analyze->x(), m_analyze->y()};
-    WriteAnalyzePlace(*m_settings, m_analyzePlace);
     m_settings->Save();
 }
 
-void frmMain::ShowAnalysis()
+QPoint frmMain::PlaceForAnalysis(QSize Wanted) const
 {
-    if (!m_analyzePlaced)
-        PlaceAnalysis();
-    m_analyze->show();
-}
-
-// The corner of the screen is where nobody has put it yet.
-void frmMain::PlaceAnalysis()
-{
-    m_analyzePlaced = true;
-    const QSize size = m_analyze->sizeHint();
-    const QPoint kept(m_analyzePlace.Left, m_analyzePlace.Top);
-    if (!kept.isNull() && IsReachable({kept, size})) {
-        m_analyze->move(kept);
-        return;
-    }
     const QRect area(m_area->mapToGlobal(QPoint(0, 0)), m_area->size());
-    m_analyze->move(PlaceOfAnalysis(area, size, screen()->availableGeometry()));
+    return PlaceOfAnalysis(area, Wanted, screen()->availableGeometry());
 }
 
 } // namespace morvane

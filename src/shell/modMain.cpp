@@ -160,6 +160,8 @@ void Session::ActivateDocument(clsDocument& Front, ViewType View)
     if (changed && Front.OutputViewsExist())
         Analyze.SetControls(Front);
     m_frame.UpdateMainFrame();
+    if (View == ViewType::Interferogram && ActiveTools())
+        ActiveTools()->ChangeStatusBar(0);
 }
 
 // What is shown of this document, and where, the next one shows there too.
@@ -225,8 +227,7 @@ void Session::ToggleView(ViewType View)
     clsDocument* const active = Active();
     if (!active || !active->OutputViewsExist() || View == ViewType::Interferogram)
         return;
-    bool& visible =
-        View == ViewType::Aberrations ? active->Visible.Aberrations : active->Visible.Zernikes;
+    bool& visible = active->Visible.At(View);
     visible = !visible;
     active->OutputViews_UpdateVisibility(Activation::LeaveFocus);
     DocumentWindow* const front = visible ? active->View(View) : active->ImageView();

@@ -126,6 +126,13 @@ void frmText::closeEvent(QCloseEvent* Event)
 
 bool frmText::eventFilter(QObject* Watched, QEvent* Event)
 {
+    // What is selected is copied by the box itself, before any command of the main window.
+    if (Watched == m_text && Event->type() == QEvent::ShortcutOverride
+        && m_text->textCursor().hasSelection()
+        && static_cast<QKeyEvent*>(Event)->matches(QKeySequence::Copy)) {
+        Event->accept();
+        return true;
+    }
     if (Watched == m_text && Event->type() == QEvent::KeyPress
         && !Passes(*static_cast<QKeyEvent*>(Event)))
         return true;

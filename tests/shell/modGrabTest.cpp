@@ -121,10 +121,10 @@ TEST_F(SessionGrab, CommandsFollowThePlugin)
         script.Ready = c.Ready;
         script.HasProperties = c.HasProperties;
         Start(c.Name);
-        const CommandRules rules = RulesFor(StateOf(main));
-        EXPECT_EQ(rules.Grab, c.Grab) << c.Name << c.Ready;
-        EXPECT_EQ(rules.GrabberProperties, c.Properties) << c.Name << c.HasProperties;
-        EXPECT_FALSE(rules.Close);
+        const CommandState state = StateOf(main);
+        EXPECT_EQ(RuleFor(Command::GrabImage, state).Enabled, c.Grab) << c.Name << c.Ready;
+        EXPECT_EQ(RuleFor(Command::GrabberProperties, state).Enabled, c.Properties)
+            << c.Name << c.HasProperties;
     }
     main.GrabImage();
     EXPECT_EQ(main.NumOpenDocuments(), 0);

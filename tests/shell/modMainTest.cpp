@@ -5,7 +5,6 @@
 #include "FringePicture.h"
 #include "RecordingFrame.h"
 #include "TemporaryFolder.h"
-#include "shell/CommandRules.h"
 
 namespace morvane {
 namespace {
@@ -212,25 +211,6 @@ TEST(UnattendedScope, AnswersCarefullyAndShowsNothing)
     EXPECT_TRUE(session.Answerer.Asked.empty());
     session.Main.ShowMessage("seen", MessageOk, "Error");
     EXPECT_EQ(session.Answerer.TakeOnly(), "seen");
-}
-
-TEST(CommandRules, FollowTheState)
-{
-    EXPECT_EQ(RulesFor({}), CommandRules{});
-    EXPECT_EQ(RulesFor({.AnyDocument = true}),
-        (CommandRules{.Close = true,
-            .Save = true,
-            .SaveAs = true,
-            .AdjustAspectRatio = true,
-            .Trace = true,
-            .Analyze = true,
-            .Arrange = true}));
-    const CommandRules views =
-        RulesFor({.AnyDocument = true, .OutputViewsExist = true, .ZernikesVisible = true});
-    EXPECT_TRUE(views.Views && views.Exports && views.ZernikesChecked);
-    EXPECT_FALSE(views.AberrationsChecked || views.Grab);
-    EXPECT_FALSE(RulesFor({.GrabberHasProperties = true}).GrabberProperties);
-    EXPECT_TRUE(RulesFor({.GrabberReady = true, .GrabberHasProperties = true}).GrabberProperties);
 }
 
 } // namespace

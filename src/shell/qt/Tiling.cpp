@@ -44,4 +44,18 @@ void Tile(QMdiArea& Area, Qt::Orientation Direction)
     }
 }
 
+void ArrangeIcons(QMdiArea& Area)
+{
+    const QSize room = Area.viewport()->size();
+    QPoint corner(0, room.height()); // lower left
+    for (QMdiSubWindow* const window : Area.subWindowList()) {
+        if (!window->isVisible() || !window->isMinimized())
+            continue;
+        if (corner.x() > 0 && corner.x() + window->width() > room.width())
+            corner = {0, corner.y() - window->height()};
+        window->move(corner.x(), corner.y() - window->height());
+        corner.rx() += window->width();
+    }
+}
+
 } // namespace morvane
