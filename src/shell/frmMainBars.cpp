@@ -17,7 +17,7 @@ namespace morvane {
 namespace {
 
 constexpr int IconSize = 20;
-constexpr int ZoomBoxGap = 6;
+constexpr int ZoomBoxGap = 6, PanelGap = 8; // on either side
 constexpr int Hint = 0, Size = 1, Position = 2, Intensity = 3; // panels
 
 // Of the tool bar, from the left; without a name a gap.
@@ -206,12 +206,12 @@ void frmMain::MakeStatusBar()
         panel = i == Hint ? new ElidedLabel(&bar) : new QLabel(&bar);
         panel->setObjectName(QString("panel%1").arg(i + 1));
         panel->setTextFormat(Qt::PlainText);
-        panel->setContentsMargins(6, 0, 6, 0);
+        panel->setContentsMargins(PanelGap, 0, PanelGap, 0);
         if (i == Hint) {
             bar.addWidget(panel, 1);
             continue;
         }
-        panel->setFixedWidth(panel->fontMetrics().horizontalAdvance(widest[i]) + 16);
+        panel->setFixedWidth(panel->fontMetrics().horizontalAdvance(widest[i]) + 2 * PanelGap);
         bar.addPermanentWidget(panel);
     }
 }
