@@ -1,6 +1,7 @@
 // The tool bar with the zoom box, the status bar, and the shortcuts.
 #include <QActionGroup>
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -16,6 +17,7 @@ namespace morvane {
 namespace {
 
 constexpr int IconSize = 20;
+constexpr int ZoomBoxGap = 6, PanelGap = 8; // on either side
 constexpr int Hint = 0, Size = 1, Position = 2, Intensity = 3; // panels
 
 // Of the tool bar, from the left; without a name a gap.
@@ -116,8 +118,8 @@ void frmMain::SetShortcuts()
         {"mnuEditCopy", {QKeySequence::Copy}},
         {"mnuViewToolBox", {QKeySequence("Ctrl+1")}},
         {"mnuViewAnalyzeBox", {QKeySequence("Ctrl+2")}},
-        {"mnuViewAverageBox", {QKeySequence("Ctrl+3")}},
-        {"mnuViewGridAnalyzeBox", {QKeySequence("Ctrl+4")}},
+        {"mnuViewGridAnalyzeBox", {QKeySequence("Ctrl+3")}},
+        {"mnuViewAverageBox", {QKeySequence("Ctrl+4")}},
         {"mnuViewRefZernike", {QKeySequence("Ctrl+5")}},
         {"mnuViewMathBox", {QKeySequence("Ctrl+6")}},
         {"mnuViewSurfacePlot", {QKeySequence("Alt+1")}},
@@ -177,7 +179,11 @@ void frmMain::MakeZoomBox()
         m_session->SetZoom(m_zoomBox->currentData().toInt());
         FocusOnDocument();
     });
-    QAction* const place = m_toolBar->addWidget(m_zoomBox);
+    auto* const margins = new QWidget;
+    auto* const row = new QHBoxLayout(margins);
+    row->setContentsMargins(ZoomBoxGap, 0, ZoomBoxGap, 0);
+    row->addWidget(m_zoomBox);
+    QAction* const place = m_toolBar->addWidget(margins);
     place->setObjectName("SetZoom");
     m_ruled.append({Command::Zoom, place});
 }
@@ -200,12 +206,12 @@ void frmMain::MakeStatusBar()
         panel = i == Hint ? new ElidedLabel(&bar) : new QLabel(&bar);
         panel->setObjectName(QString("panel%1").arg(i + 1));
         panel->setTextFormat(Qt::PlainText);
-        panel->setContentsMargins(6, 0, 6, 0);
+        panel->setContentsMargins(PanelGap, 0, PanelGap, 0);
         if (i == Hint) {
             bar.addWidget(panel, 1);
             continue;
         }
-        panel->setFixedWidth(panel->fontMetrics().horizontalAdvance(widest[i]) + 16);
+        panel->setFixedWidth(panel->fontMetrics().horizontalAdvance(widest[i]) + 2 * PanelGap);
         bar.addPermanentWidget(panel);
     }
 }

@@ -82,8 +82,9 @@ void frmMain::MakeFileMenu()
     Add(menu, Command::Print, "mnuFilePrint", "&Print...",
         Refuse("Printing is not available yet."));
     menu.addSeparator();
-    menu.addAction("P&references...")->setObjectName("mnuFilePreferences");
-    findChild<QAction*>("mnuFilePreferences")->setEnabled(false);
+    QAction* const preferences = menu.addAction("P&references...");
+    preferences->setObjectName("mnuFilePreferences");
+    preferences->setEnabled(false);
     menu.addSeparator();
     MakeRecentFiles(menu);
     Add(menu, "mnuFileExit", "E&xit", [this] { close(); });

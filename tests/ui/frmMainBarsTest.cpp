@@ -14,6 +14,7 @@
 
 #include "Desk.h"
 #include "interferogram/ZoomLevels.h"
+#include "shell/qt/WindowPlaces.h"
 
 namespace morvane::test {
 namespace {
@@ -313,6 +314,13 @@ TEST_F(frmMainBars, BoxFollowsItsCommandAndItsCloseBox)
     EXPECT_FALSE(Checked("mnuViewAnalyzeBox"));
 }
 
+TEST(WindowPlaces, AnalysisComesUpWholeOnALowScreen)
+{
+    const QRect screen(0, 0, 1280, 720);
+    const QRect box(PlaceOfAnalysis({0, 94, 1280, 600}, {306, 622}, screen), QSize(306, 622));
+    EXPECT_TRUE(screen.contains(box));
+}
+
 class frmMainPopup : public frmMainBars {
 protected:
     // The menu as a right click at the place opens it.
@@ -337,8 +345,6 @@ protected:
 TEST_F(frmMainPopup, ShowsWhatTheObjectAllows)
 {
     clsDocument& document = OpenAnalyzed();
-    Session.SetZoom(100);
-    const double density = Frame.devicePixelRatioF();
     const auto enabled = [&](const char* item) { return Find<QAction>(item).isEnabled(); };
     OpenPopup({2, 2});
     EXPECT_EQ(Find<QAction>("mnuPopupFringe_AddAperture").text(), "Add Circular Aperture");
@@ -350,7 +356,7 @@ TEST_F(frmMainPopup, ShowsWhatTheObjectAllows)
     Find<QMenu>("mnuPopupFringe").hide();
     EXPECT_FALSE(Session.Tools.PopupActive) << "given up";
     const Point center = document.Aperture.GetCenter(), radii = document.Aperture.GetRadii();
-    OpenPopup((QPointF(center.X - radii.X, center.Y) / density).toPoint());
+    OpenPopup({int(center.X - radii.X), int(center.Y)});
     EXPECT_TRUE(enabled("mnuPopupFringe_ClearAperture"));
     EXPECT_FALSE(enabled("mnuPopupFringe_AddAperture"));
 }
@@ -366,9 +372,8 @@ TEST_F(frmMainPopup, ItemsReachTheSession)
     Choose(free, "mnuPopupFringe_DecreaseOrder");
     EXPECT_EQ(Session.Tools.CurrentOrder(), 1) << "there is none before";
 
-    const QPointF tick = QPointF(25, 50) / Frame.devicePixelRatioF();
     const int ticks = document.Fringes.TotalNumTicks();
-    Choose(tick.toPoint(), "mnuPopupFringe_DeleteCenter");
+    Choose({25, 50}, "mnuPopupFringe_DeleteCenter");
     EXPECT_EQ(document.Fringes.TotalNumTicks(), ticks - 1);
     Choose(free, "mnuPopupFringe_Insert");
     EXPECT_EQ(document.Fringes.GetFringeIndex(1), NoFringe) << "room for a fringe";

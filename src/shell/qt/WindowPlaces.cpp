@@ -41,7 +41,9 @@ QPoint PlaceOfAnalysis(QRect Area, QSize Wanted, QRect Room)
     const int outside = Area.width() + Gap;
     const bool fitsOutside = Area.left() + outside + Wanted.width() <= Room.right();
     const bool goesOutside = inside < LeastPictureRoom.width() && fitsOutside;
-    return Area.topLeft() + QPoint(goesOutside ? outside : std::max(0, inside), Gap + TitleBar);
+    const int lowest = Room.bottom() - Wanted.height() - TitleBar;
+    return {Area.left() + (goesOutside ? outside : std::max(0, inside)),
+        std::max(Room.top(), std::min(Area.top() + Gap + TitleBar, lowest))};
 }
 
 } // namespace morvane

@@ -16,7 +16,7 @@ QRect RoomForPicture(QSize WorkArea, int Slot);
 QRect PlaceOfText(QSize WorkArea, ViewType Kind, QSize Needed);
 
 // Area and Room, the screen's, in the screen's coordinates, as is the result: beside the texts, or
-// to the right of an area that is too narrow for all.
+// to the right of an area that is too narrow for all, and whole on the screen.
 QPoint PlaceOfAnalysis(QRect Area, QSize Wanted, QRect Room);
 
 } // namespace morvane
