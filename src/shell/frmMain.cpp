@@ -12,6 +12,7 @@
 
 #include "analysis/frmAnalyze.h"
 #include "interferogram/frmImage.h"
+#include "interferogram/frmToolBox.h"
 #include "shell/qt/Appearance.h"
 #include "shell/qt/FileChooser.h"
 #include "shell/qt/Screens.h"
@@ -63,8 +64,11 @@ void frmMain::Attach(Session& Shown, SettingsStore& Settings)
     m_session = &Shown;
     m_settings = &Settings;
     m_analyze = new frmAnalyze(Shown, this);
+    m_toolBox = new frmToolBox(Shown, this);
     ReadSettings();
     connect(m_analyze, &frmAnalyze::VisibilityChanged, m_analyzeBox, &QAction::setChecked);
+    connect(m_toolBox, &frmToolBox::VisibilityChanged, this,
+        [this](bool shown) { m_kept.Toolbox = shown; });
     UpdateMainFrame();
 }
 
@@ -197,6 +201,8 @@ void frmMain::showEvent(QShowEvent* Event)
         move(screen()->availableGeometry().topLeft());
     if (m_kept.AnalyzeBox)
         QMetaObject::invokeMethod(this, &frmMain::ShowAnalysis, Qt::QueuedConnection);
+    if (m_kept.Toolbox)
+        QMetaObject::invokeMethod(this, &frmMain::ShowToolBox, Qt::QueuedConnection);
 }
 
 void frmMain::closeEvent(QCloseEvent* Event)
@@ -210,9 +216,11 @@ void frmMain::closeEvent(QCloseEvent* Event)
     if (!Event->isAccepted())
         return;
     WriteSettings();
-    // Its command stays checked: the user has not closed it.
-    const QSignalBlocker quiet(m_analyze);
-    m_analyze->hide();
+    // Their commands stay checked: the user has not closed them.
+    for (QWidget* const box : std::initializer_list<QWidget*>{m_analyze, m_toolBox}) {
+        const QSignalBlocker quiet(box);
+        box->hide();
+    }
 }
 
 void frmMain::EndUnasked()

@@ -1,11 +1,11 @@
 // The main window: menus, the area that holds the windows of all documents, the status bar, and the
-// analysis window that floats over it. Commands go to the session; what is enabled and checked
+// tool windows that float over it. Commands go to the session; what is enabled and checked
 // comes from the rules of the session's state.
 #pragma once
 #include <QMainWindow>
 #include <QPointer>
 
-#include "shell/AnalyzeSettings.h"
+#include "shell/BoxPlace.h"
 #include "shell/CommandRules.h"
 #include "shell/MainWindowSettings.h"
 #include "shell/modMain.h"
@@ -18,6 +18,7 @@ class QMdiSubWindow;
 namespace morvane {
 
 class frmAnalyze;
+class frmToolBox;
 
 class frmMain final : public QMainWindow, public MainFrame {
     Q_OBJECT
@@ -62,7 +63,10 @@ private:
     void ListWindows(QMenu& Below);
     void MakeHelpMenu();
     void ShowAnalysis();
-    void PlaceAnalysis();
+    void ShowToolBox();
+    void PlaceBox(QWidget& Box, QPoint Kept, QPoint Usual);
+    void WriteBoxPlace(const PlaceKey& Key, const QWidget& Box);
+    QRect AreaOnScreen() const;
     void ShowRecentFiles();
     void OpenQueued(std::vector<std::string> Paths);
     void ShowAbout();
@@ -71,16 +75,16 @@ private:
 
     Session* m_session = nullptr;
     SettingsStore* m_settings = nullptr;
-    // What the settings keep of this window, and of the analysis window's place on the screen.
+    // What the settings keep of this window.
     MainWindowSettings m_kept;
-    BoxPlace m_analyzePlace;
     QString m_title = "Morvane";
     bool m_isMarked = false;
     QMdiArea* m_area;
     QLabel* m_imageSize;
     QPointer<frmAnalyze> m_analyze;
+    QPointer<frmToolBox> m_toolBox;
     QActionGroup* m_windowList = nullptr;
-    bool m_placed = false, m_analyzePlaced = false;
+    bool m_placed = false;
     bool m_hourglass = false;
     bool m_isClosing = false;
 

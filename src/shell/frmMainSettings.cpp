@@ -1,8 +1,9 @@
-// What the main window remembers between runs, and where it and the analysis window come up.
+// What the main window remembers between runs, and where it and its tool windows come up.
 #include <QScreen>
 #include <QStatusBar>
 
 #include "analysis/frmAnalyze.h"
+#include "interferogram/frmToolBox.h"
 #include "platform/Numbers.h"
 #include "shell/frmMain.h"
 #include "shell/qt/Screens.h"
@@ -28,7 +29,6 @@ void frmMain::ReadSettings()
         setWindowState(Qt::WindowMaximized);
     else if (m_kept.State == WindowState::Minimized)
         setWindowState(Qt::WindowMinimized);
-    m_analyzePlace = ReadAnalyzePlace(*m_settings);
     statusBar()->setVisible(m_kept.StatusBar);
     m_analyzeBox->setChecked(m_kept.AnalyzeBox);
 }
@@ -48,31 +48,54 @@ void frmMain::WriteSettings()
     SaveViewSettings(*m_settings, m_session->Prefs);
     WriteBoxes(*m_settings, m_kept);
     m_session->WriteSettings(*m_settings);
-    if (m_analyzePlaced)
-        m_analyzePlace = {m_analyze->x(), m_analyze->y()};
-    WriteAnalyzePlace(*m_settings, m_analyzePlace);
+    WriteBoxPlace(AnalyzePlace, *m_analyze);
+    WriteBoxPlace(ToolBoxPlace, *m_toolBox);
     m_settings->Save();
 }
 
 void frmMain::ShowAnalysis()
 {
-    if (!m_analyzePlaced)
-        PlaceAnalysis();
+    const BoxPlace kept = ReadPlace(*m_settings, AnalyzePlace);
+    PlaceBox(*m_analyze, {kept.Left, kept.Top},
+        PlaceOfAnalysis(AreaOnScreen(), m_analyze->sizeHint(), screen()->availableGeometry()));
     m_analyze->show();
 }
 
-// The corner of the screen is where nobody has put it yet.
-void frmMain::PlaceAnalysis()
+// At least half of it on the screen, in both directions.
+void frmMain::ShowToolBox()
 {
-    m_analyzePlaced = true;
-    const QSize size = m_analyze->sizeHint();
-    const QPoint kept(m_analyzePlace.Left, m_analyzePlace.Top);
-    if (!kept.isNull() && IsReachable({kept, size})) {
-        m_analyze->move(kept);
+    const QSize size = m_toolBox->sizeHint();
+    const QPoint usual = PlaceOfToolBox(frameGeometry(), AreaOnScreen(),
+        m_analyze->isVisible() ? m_analyze->frameGeometry() : QRect(), size,
+        screen()->availableGeometry());
+    const ScreenMeasures desktop = Screens();
+    const BoxPlace kept = ReadPlace(*m_settings, ToolBoxPlace, {usual.x(), usual.y()},
+        {.Min = {0, 0},
+            .Max = {desktop.Width - size.width() / 2, desktop.Height - size.height() / 2}});
+    PlaceBox(*m_toolBox, {kept.Left, kept.Top}, usual);
+    m_toolBox->show();
+}
+
+// Once; then it is the user's. The corner of the screen is where nobody has put it yet.
+void frmMain::PlaceBox(QWidget& Box, QPoint Kept, QPoint Usual)
+{
+    if (Box.testAttribute(Qt::WA_Moved))
         return;
-    }
-    const QRect area(m_area->mapToGlobal(QPoint(0, 0)), m_area->size());
-    m_analyze->move(PlaceOfAnalysis(area, size, screen()->availableGeometry()));
+    const bool isPlace = !Kept.isNull() && IsReachable({Kept, Box.sizeHint()});
+    Box.adjustSize(); // a later change would take the place for that inside the frame
+    Box.move(isPlace ? Kept : Usual);
+}
+
+// Of one that has been on the screen.
+void frmMain::WriteBoxPlace(const PlaceKey& Key, const QWidget& Box)
+{
+    if (Box.testAttribute(Qt::WA_Moved))
+        WritePlace(*m_settings, Key, {Box.x(), Box.y()});
+}
+
+QRect frmMain::AreaOnScreen() const
+{
+    return {m_area->mapToGlobal(QPoint(0, 0)), m_area->size()};
 }
 
 } // namespace morvane
