@@ -13,6 +13,7 @@
 #include "analysis/frmAnalyze.h"
 #include "interferogram/frmImage.h"
 #include "interferogram/frmToolBox.h"
+#include "shell/frmInput.h"
 #include "shell/qt/Appearance.h"
 #include "shell/qt/FileChooser.h"
 #include "shell/qt/Screens.h"
@@ -185,9 +186,12 @@ void frmMain::ShowPosition(const std::string&, const std::string&) { }
 
 void frmMain::ShowFringePopup(const FringePopup&) { }
 
-std::optional<InputAnswer> frmMain::AskInput(const InputRequest&)
+std::optional<InputAnswer> frmMain::AskInput(const InputRequest& Request)
 {
-    return std::nullopt;
+    frmInput prompt(Request, *m_settings, this);
+    if (prompt.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return prompt.Answer();
 }
 
 // A tool window that comes before its owner would end up below it.
