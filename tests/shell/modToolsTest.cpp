@@ -238,13 +238,6 @@ TEST_F(SessionTools, OrdersBeyondTheRange)
     }
 }
 
-TEST_F(SessionTools, ATypedOrderBringsTheInterferogramToTheFront)
-{
-    document->ActiveView = ViewType::Aberrations;
-    session.Main.TypeOrder("3");
-    EXPECT_EQ(document->ActiveView, ViewType::Interferogram);
-}
-
 TEST_F(SessionTools, WithoutAPictureOnlyTheOrderIsTaken)
 {
     session.Main.CloseAllDocuments();

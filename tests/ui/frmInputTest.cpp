@@ -51,19 +51,15 @@ TEST_F(frmInputPrompt, EnterIsOkAndEscapeIsCancel)
         Ask([](frmInput&, QLineEdit& box) { QTest::keyClick(&box, Qt::Key_Escape); }).has_value());
 }
 
-TEST_F(frmInputPrompt, ButtonsDoTheSame)
+TEST_F(frmInputPrompt, ANumberOutOfRangeIsClamped)
 {
-    const auto press = [&](const char* button, const char* typed) {
-        return Ask([&](frmInput& dialog, QLineEdit& box) {
-            QTest::keyClicks(&box, typed);
-            dialog.findChild<QPushButton*>(button)->click();
-        });
-    };
-    const auto answer = press("cmdOK", "999");
+    const auto answer = Ask([](frmInput& dialog, QLineEdit& box) {
+        QTest::keyClicks(&box, "999");
+        dialog.findChild<QPushButton*>("cmdOK")->click();
+    });
     ASSERT_TRUE(answer);
     EXPECT_TRUE(answer->Clamped);
     EXPECT_EQ(answer->Value, 200);
-    EXPECT_FALSE(press("cmdCancel", "5").has_value());
 }
 
 TEST_F(frmInputPrompt, PastedTextIsFilteredToo)
