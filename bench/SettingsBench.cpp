@@ -6,7 +6,9 @@
 #include <benchmark/benchmark.h>
 
 #include "shell/AnalyzeSettings.h"
+#include "shell/BoxPlace.h"
 #include "shell/MainWindowSettings.h"
+#include "shell/ToolBoxSettings.h"
 
 namespace morvane {
 namespace {
@@ -26,6 +28,9 @@ public:
         WriteBoxes(store, {});
         WritePreferences(store, {}, {});
         WriteAnalyzeBox(store, {});
+        WriteToolBox(store, {});
+        for (const PlaceKey& key : {AnalyzePlace, ToolBoxPlace})
+            WritePlace(store, key, {});
         RecentFiles recent;
         recent.SetPaths({"/a.mvd", "/b.mvd", "/c.bmp", "/d.jpg"});
         SaveRecentFiles(store, recent);
@@ -60,7 +65,10 @@ void readSettings(benchmark::State& state)
         benchmark::DoNotOptimize(LoadRecentFiles(store));
         AnalyzeBox box;
         ReadAnalyzeBox(store, box);
-        benchmark::DoNotOptimize(ReadAnalyzePlace(store));
+        ToolBox tools;
+        ReadToolBox(store, tools);
+        for (const PlaceKey& key : {AnalyzePlace, ToolBoxPlace})
+            benchmark::DoNotOptimize(ReadPlace(store, key));
     }
 }
 

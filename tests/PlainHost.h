@@ -26,6 +26,7 @@ class PlainImageWindow final : public PlainWindow<ImageWindow> {
 public:
     void RefreshPicture() override { }
     void ResizeWindow() override { }
+    void SizeWindow(int, int) override { }
     [[noreturn]] MouseTools& Tools() override { std::abort(); } // nobody works in it
     int ZoomPercent() const override { return 100; }
     void SetZoom(int) override { }

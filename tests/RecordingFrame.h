@@ -53,6 +53,11 @@ public:
     }
     void RefreshPicture() override { Write("picture"); }
     void ResizeWindow() override { Write("resize"); }
+    void SizeWindow(int Width, int Height) override
+    {
+        const WindowPlace place = GetPlace();
+        SetPlace({place.Left, place.Top, Width, Height});
+    }
     MouseTools& Tools() override { return m_tools; }
     int ZoomPercent() const override { return m_viewport.ZoomPercent(); }
     void SetZoom(int Percent) override

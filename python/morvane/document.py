@@ -9,14 +9,14 @@ _DOCUMENT_INTERFACE = INTERFACE + ".MorvaneDoc"
 _PROPERTIES = "org.freedesktop.DBus.Properties"
 
 
-def _option(name: str, kind: type, description: str) -> Any:
+def _member(name: str, kind: type, description: str, read_only: bool = False) -> Any:
     def get(self):
         return kind(self._call_on(_PROPERTIES, "Get", "ss", _DOCUMENT_INTERFACE, name))
 
     def put(self, value):
         self._call_on(_PROPERTIES, "Set", "ssv", _DOCUMENT_INTERFACE, name, to_bus(value))
 
-    return property(get, put, doc=description)
+    return property(get, None if read_only else put, doc=description)
 
 
 class _Removed:
@@ -118,17 +118,30 @@ class MorvaneDoc:
         """Writes the wavefront as 100 lines of 100 numbers, in waves. False without a document."""
         return bool(self._call("ExportMap", absolute_path(FilePath)))
 
-    InputWavelength = _option("InputWavelength", float, "Of the light of the test, nm.")
-    OutputWavelength = _option("OutputWavelength", float, "That results are given in, nm.")
-    ScaleFactor = _option("ScaleFactor", float, "Waves per fringe: 0.5 in double pass.")
-    InvertWavefront = _option("InvertWavefront", bool, "Whether the sense of the fringes is turned.")
-    TrimEdges = _option("TrimEdges", bool, "Whether the rim of the aperture is left out.")
-    OrderLimit = _option(
+    InputWavelength = _member("InputWavelength", float, "Of the light of the test, nm.")
+    OutputWavelength = _member("OutputWavelength", float, "That results are given in, nm.")
+    ScaleFactor = _member("ScaleFactor", float, "Waves per fringe: 0.5 in double pass.")
+    InvertWavefront = _member("InvertWavefront", bool, "Whether the sense of the fringes is turned.")
+    TrimEdges = _member("TrimEdges", bool, "Whether the rim of the aperture is left out.")
+    OrderLimit = _member(
         "OrderLimit",
         int,
         """Highest order of the fit. Assigned as a radial order, 2, 4, 6, 8, or 0 or "AUTO"; read
         as a number of terms: 2, 8, 15, 24, or 0.""",
     )
+
+    Zoom = _member(
+        "Zoom",
+        int,
+        """Of the picture in its window, percent: 25, 50, 75, 100, 150, 200, 300, 400, 800 or 1600;
+        any other number is ignored.""",
+    )
+    width = _member("width", int, "Of the window of the picture, pixels.", read_only=True)
+    height = _member("height", int, "Of the window of the picture, pixels.", read_only=True)
+
+    def SizeWindow(self, Width, Height) -> bool:
+        """Gives the window of the picture another size, 16 to 4096 pixels each way."""
+        return bool(self._call("SizeWindow", Width, Height))
 
     @property
     def Remove(self) -> _Removed:

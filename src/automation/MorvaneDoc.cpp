@@ -9,12 +9,6 @@ namespace {
 
 using enum MorvaneDocErrors;
 
-AutomationError NoDocument(const char* Wish)
-{
-    return {
-        ErrorNoDocument, std::string("Can't ") + Wish + " until an interferogram has been loaded."};
-}
-
 AutomationError InvalidPoints(const char* Text)
 {
     return {ErrorInvalidPoints, Text};
@@ -30,6 +24,12 @@ std::vector<Point> PointsOf(const std::vector<double>& Flat, std::size_t Count)
 }
 
 } // namespace
+
+AutomationError NoDocument(const char* Wish)
+{
+    return {
+        ErrorNoDocument, std::string("Can't ") + Wish + " until an interferogram has been loaded."};
+}
 
 const char* ErrorName(MorvaneDocErrors Number)
 {

@@ -43,6 +43,9 @@ struct AutomationError {
     std::string Source = "MorvaneDoc";
 };
 
+// "Can't <Wish> until an interferogram has been loaded."
+AutomationError NoDocument(const char* Wish);
+
 // A value or the error raised in its place.
 template <typename T>
 class Raised {
@@ -92,6 +95,14 @@ public:
     Raised<FringeCenterResult> FringeCenter(const Variant& Order, const Variant& Fringe);
     Raised<bool> ExportMap(const Variant& FilePath);
 
+    // Of the interferogram's window. A percentage that is none of the zoom box's is ignored.
+    Raised<int> GetZoom() const;
+    Raised<bool> SetZoom(const Variant& Value);
+    // Outer size, pixels of the screen.
+    Raised<int> GetWidth() const;
+    Raised<int> GetHeight() const;
+    Raised<bool> SizeWindow(const Variant& Width, const Variant& Height);
+
     // The options of the analysis window, for the next analysis of any document.
     double GetInputWavelength() const;
     Raised<bool> SetInputWavelength(const Variant& Value);
@@ -115,6 +126,7 @@ public:
 private:
     Raised<bool> SetShape(
         const Variant& ShapeType, const Variant& Points, clsDocument& Of, clsShape& Target);
+    Raised<WindowPlace> PlaceOfWindow() const;
     bool LoadImage(const std::string& Path);
     bool LoadDocument(const std::string& Path);
     template <typename Change>

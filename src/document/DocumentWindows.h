@@ -35,6 +35,8 @@ public:
     virtual void RefreshPicture() = 0;
     // Takes the size that suits the picture.
     virtual void ResizeWindow() = 0;
+    // Takes this size where it stands; unlike a place, it may be larger than the desktop.
+    virtual void SizeWindow(int Width, int Height) = 0;
     // The machine behind the mouse; it goes with the window.
     virtual MouseTools& Tools() = 0;
     virtual int ZoomPercent() const = 0;

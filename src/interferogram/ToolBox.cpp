@@ -1,5 +1,8 @@
 #include "interferogram/ToolBox.h"
 
+#include <algorithm>
+#include <cstdint>
+
 #include "platform/Numbers.h"
 
 namespace morvane {
@@ -18,6 +21,12 @@ void ToolBox::TypeOrder(const std::string& Text)
     m_currentOrder = RoundToLong(LeadingNumber(Text));
     m_orderText = Text;
     Tell();
+}
+
+int ToolBox::OrderAfter(int Steps) const
+{
+    const std::int64_t order = std::int64_t{m_currentOrder} + Steps;
+    return static_cast<int>(std::clamp<std::int64_t>(order, 1, MaxFringes));
 }
 
 void ToolBox::SetKind(ShapeRole Role, ShapeKind Kind)

@@ -36,6 +36,8 @@ public:
     void SetOrder(int Order);
     // Takes the number that Text begins with, as it is, and leaves the text as the user typed it.
     void TypeOrder(const std::string& Text);
+    // Where the arrows beside the box lead to, always 1 to MaxFringes.
+    int OrderAfter(int Steps) const;
 
     ShapeKind KindOf(ShapeRole Role) const
     {

@@ -55,6 +55,13 @@ void frmImage::ResizeWindow()
     setGeometry(QRect(isVisible() ? pos() : room.topLeft(), sizeHint().boundedTo(room.size())));
 }
 
+void frmImage::SizeWindow(int Width, int Height)
+{
+    const WindowPlace place = NormalPlace();
+    TakeGeometry({place.Left, place.Top, Width, Height});
+    m_hasGivenSize = true;
+}
+
 // The document destroys this window, which must not happen inside its own event.
 void frmImage::closeEvent(QCloseEvent* Event)
 {

@@ -18,6 +18,7 @@ public:
     void Repaint() override;
     void RefreshPicture() override;
     void ResizeWindow() override;
+    void SizeWindow(int Width, int Height) override;
     MouseTools& Tools() override;
     int ZoomPercent() const override;
     void SetZoom(int Percent) override;

@@ -8,7 +8,6 @@ namespace {
 
 constexpr const char* Section = "Analyze";
 constexpr const char* SelectedName = "Reference Selected";
-constexpr double MaxCoordinate = 32767; // either side of the screen's corner
 
 // The options as the settings know them.
 struct StoredOptions {
@@ -38,14 +37,6 @@ std::vector<SettingRow> OptionRows(StoredOptions& Of)
         {"Scale Factor", &Of.Scale, 0, 2},
         {"Custom Scale", &Of.CustomScale, 0, 1000},
         {"Limit Order", &Of.Limit, 0, 4},
-    };
-}
-
-std::vector<SettingRow> PlaceRows(BoxPlace& Of)
-{
-    return {
-        {"Left", &Of.Left, -MaxCoordinate, MaxCoordinate},
-        {"Top", &Of.Top, -MaxCoordinate, MaxCoordinate},
     };
 }
 
@@ -80,19 +71,6 @@ void WriteAnalyzeBox(SettingsStore& Into, const AnalyzeBox& Written)
         paths.push_back(references.GetItem(i));
     Into.SaveSettingList(Section, ReferencePrefix, paths, MaxReferences);
     Into.SaveSettingString(Section, SelectedName, Written.SelectedReference());
-}
-
-BoxPlace ReadAnalyzePlace(SettingsStore& From)
-{
-    BoxPlace place;
-    ReadRows(From, Section, PlaceRows(place));
-    return place;
-}
-
-void WriteAnalyzePlace(SettingsStore& Into, const BoxPlace& Written)
-{
-    BoxPlace copy = Written;
-    WriteRows(Into, Section, PlaceRows(copy));
 }
 
 } // namespace morvane

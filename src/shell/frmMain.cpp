@@ -14,9 +14,12 @@
 #include "analysis/frmAnalyze.h"
 #include "interferogram/ZoomLevels.h"
 #include "interferogram/frmImage.h"
+#include "interferogram/frmToolBox.h"
+#include "shell/frmInput.h"
 #include "shell/qt/Appearance.h"
 #include "shell/qt/FileChooser.h"
 #include "shell/qt/Screens.h"
+#include "shell/qt/WindowPlaces.h"
 #include "shell/qt/WorkArea.h"
 #include "views/frmText.h"
 
@@ -71,9 +74,18 @@ void frmMain::Attach(Session& Shown, SettingsStore& Settings)
 {
     m_session = &Shown;
     m_settings = &Settings;
-    AddToolWindow(new frmAnalyze(Shown, this), "mnuViewAnalyzeBox",
-        {&MainWindowSettings::AnalyzeBox, ReadAnalyzePlace, WriteAnalyzePlace},
-        [this](QSize wanted) { return PlaceForAnalysis(wanted); });
+    auto* const analyze = new frmAnalyze(Shown, this);
+    AddToolWindow(analyze, "mnuViewAnalyzeBox", {&MainWindowSettings::AnalyzeBox, AnalyzePlace},
+        [this](QSize wanted) {
+            return PlaceOfAnalysis(AreaOnScreen(), wanted, screen()->availableGeometry());
+        });
+    AddToolWindow(new frmToolBox(Shown, this), "mnuViewToolBox",
+        {&MainWindowSettings::Toolbox, ToolBoxPlace, ToolWindowKeeping::Within::Screen},
+        [this, analyze](QSize wanted) {
+            const QRect taken = analyze->isVisible() ? analyze->frameGeometry() : QRect();
+            return PlaceOfToolBox(
+                frameGeometry(), AreaOnScreen(), taken, wanted, screen()->availableGeometry());
+        });
     ReadSettings();
     UpdateMainFrame();
 }
@@ -181,9 +193,12 @@ void frmMain::SetHourglass(bool Shown)
         QApplication::restoreOverrideCursor();
 }
 
-std::optional<InputAnswer> frmMain::AskInput(const InputRequest&)
+std::optional<InputAnswer> frmMain::AskInput(const InputRequest& Request)
 {
-    return std::nullopt;
+    frmInput prompt(Request, *m_settings, this);
+    if (prompt.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return prompt.Answer();
 }
 
 // A tool window that comes before its owner would end up below it.

@@ -59,7 +59,7 @@ private:
     template <typename Form>
     void AddToolWindow(Form* Window, const char* Command, const ToolWindowKeeping& Kept,
         ToolWindow::FirstPlace First);
-    QPoint PlaceForAnalysis(QSize Wanted) const;
+    QRect AreaOnScreen() const;
 
     QAction& Add(QMenu& To, const char* Name, const char* Caption, Action Act);
     // The rule says when it is enabled and checked.

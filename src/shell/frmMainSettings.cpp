@@ -6,7 +6,6 @@
 #include "platform/Numbers.h"
 #include "shell/frmMain.h"
 #include "shell/qt/Screens.h"
-#include "shell/qt/WindowPlaces.h"
 
 namespace morvane {
 namespace {
@@ -54,10 +53,9 @@ void frmMain::WriteSettings()
     m_settings->Save();
 }
 
-QPoint frmMain::PlaceForAnalysis(QSize Wanted) const
+QRect frmMain::AreaOnScreen() const
 {
-    const QRect area(m_area->mapToGlobal(QPoint(0, 0)), m_area->size());
-    return PlaceOfAnalysis(area, Wanted, screen()->availableGeometry());
+    return {m_area->mapToGlobal(QPoint(0, 0)), m_area->size()};
 }
 
 } // namespace morvane

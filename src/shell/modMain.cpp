@@ -2,6 +2,7 @@
 
 #include "shell/AnalyzeSettings.h"
 #include "shell/MainWindowSettings.h"
+#include "shell/ToolBoxSettings.h"
 
 namespace morvane {
 namespace {
@@ -44,6 +45,7 @@ void Session::ReadSettings(
     Analyze.SharedReference = ReadSharedReference(From);
     Recent = LoadRecentFiles(From);
     ReadAnalyzeBox(From, Analyze);
+    ReadToolBox(From, Tools);
 }
 
 void Session::WriteSettings(SettingsStore& Into) const
@@ -51,6 +53,7 @@ void Session::WriteSettings(SettingsStore& Into) const
     WritePreferences(Into, Prefs, Analyze.SharedReference);
     SaveRecentFiles(Into, Recent);
     WriteAnalyzeBox(Into, Analyze);
+    WriteToolBox(Into, Tools);
 }
 
 std::shared_ptr<clsDocument> Session::NewDocument()

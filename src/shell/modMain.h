@@ -119,8 +119,10 @@ public:
     void RenumberFringe();
     // The clicks so far stay with the order before. Only 1 to MaxFringes.
     void SelectOrder(int Order);
-    // What the user has typed, of whatever size.
+    // What the user has typed, of whatever size. Without an interferogram too.
     void TypeOrder(const std::string& Text);
+    // By the arrows beside the box.
+    void StepOrder(int Steps);
     // The center that the right button's menu is about.
     void DeleteFringeCenter();
     void ClearFringes();

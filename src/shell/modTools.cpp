@@ -155,11 +155,16 @@ void Session::SelectOrder(int Order)
 void Session::TypeOrder(const std::string& Text)
 {
     MouseTools* const tools = ToolsInFront();
-    if (!tools)
-        return;
-    tools->SaveFringe(Tools.CurrentOrder());
+    if (tools)
+        tools->SaveFringe(Tools.CurrentOrder());
     Tools.TypeOrder(Text);
-    Active()->ImageView()->Repaint();
+    if (tools)
+        Active()->ImageView()->Repaint();
+}
+
+void Session::StepOrder(int Steps)
+{
+    TypeOrder(std::to_string(Tools.OrderAfter(Steps)));
 }
 
 void Session::DeleteFringeCenter()

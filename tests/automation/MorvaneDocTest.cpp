@@ -72,6 +72,56 @@ TEST_F(MorvaneDocMembers, NeedADocument)
     EXPECT_FALSE(doc.ExportMap(path + ".csv").Value());
 }
 
+TEST_F(MorvaneDocMembers, WindowMembersNeedADocumentFirst)
+{
+    const auto text = [](const char* wish) {
+        return std::string("Can't ") + wish + " until an interferogram has been loaded.";
+    };
+    ExpectError(doc.GetZoom(), ErrorNoDocument, text("get zoom"));
+    ExpectError(doc.SetZoom(none), ErrorNoDocument, text("set zoom"));
+    ExpectError(doc.GetWidth(), ErrorNoDocument, text("get window dimensions"));
+    ExpectError(doc.SizeWindow(none, none), ErrorNoDocument, text("size window"));
+}
+
+TEST_F(MorvaneDocMembers, ZoomTakesTheLevelsOfTheZoomBox)
+{
+    ASSERT_TRUE(doc.Load(path).Value());
+    EXPECT_EQ(doc.GetZoom().Value(), 100);
+    const struct {
+        Variant Assigned;
+        int Zoom;
+    } cases[] = {{Whole(150), 150}, {Whole(33), 150}, {Text("50"), 50}, {25.0, 25}, {25.4, 25},
+        {Whole(1600), 1600}, {Whole(0), 1600}, {-1e30, 1600}, {1e30, 1600}};
+    for (const auto& c : cases) {
+        EXPECT_TRUE(doc.SetZoom(c.Assigned));
+        EXPECT_EQ(doc.GetZoom().Value(), c.Zoom);
+    }
+    for (const Variant& bad : {Text("large"), Variant(true), none, circlePoints})
+        ExpectError(doc.SetZoom(bad), ErrorInvalidNumber,
+            "The zoom factor must be assigned a numeric value.");
+}
+
+TEST_F(MorvaneDocMembers, SizeWindowKeepsThePlace)
+{
+    ASSERT_TRUE(doc.Load(path).Value());
+    const WindowPlace before = doc.Document()->ImageView()->GetPlace();
+    for (const auto& [width, height] :
+        {std::pair{Whole(16), Whole(4096)}, {Text("640"), Variant(480.0)}}) {
+        EXPECT_TRUE(doc.SizeWindow(width, height).Value());
+        const WindowPlace place = doc.Document()->ImageView()->GetPlace();
+        EXPECT_EQ(place.Left, before.Left);
+        EXPECT_EQ(place.Top, before.Top);
+    }
+    EXPECT_EQ(doc.GetWidth().Value(), 640);
+    EXPECT_EQ(doc.GetHeight().Value(), 480);
+    const std::pair<Variant, Variant> bad[] = {{Whole(15), Whole(100)}, {Whole(100), Whole(4097)},
+        {15.9, Whole(100)}, {Whole(100), 4096.1}, {Text("wide"), Whole(100)}, {Whole(100), none}};
+    for (const auto& [width, height] : bad)
+        ExpectError(doc.SizeWindow(width, height), ErrorNoDocument,
+            "Specified window size is non-numeric or out of range.");
+    EXPECT_EQ(doc.GetWidth().Value(), 640);
+}
+
 TEST_F(MorvaneDocMembers, RaiseTheirErrorsInOrder)
 {
     ASSERT_TRUE(doc.Load(path).Value());

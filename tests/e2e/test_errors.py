@@ -23,6 +23,8 @@ INVERT = "The 'Invert Wavefront' property must be assigned a boolean value."
 TRIM = "The 'Trim Edges' property must be assigned a boolean value."
 REMOVE = "The 'Remove' property must be assigned a boolean value."
 NO_GRABBER = "Failed to grab image because no frame grabber card is currently selected."
+ZOOM = "The zoom factor must be assigned a numeric value."
+WINDOW = "Specified window size is non-numeric or out of range."
 NO_FILE = "Specified file does not exist."
 NO_ANALYSIS = "Can't perform analysis until an interferogram has been loaded."
 
@@ -46,6 +48,8 @@ class Errors(ServerTest):
             return self.doc.Remove[arguments[0]]
         elif member.endswith("="):
             setattr(self.doc, member[:-1], arguments[0])
+        elif member in ("Zoom", "width", "height"):
+            return getattr(self.doc, member)
         else:
             return getattr(self.doc, member)(*arguments)
 
@@ -62,6 +66,11 @@ class Errors(ServerTest):
                 (0x80040201, refused("read aberrations"), "Aberration", "unknown"),
                 (0x80040201, refused("read Zernike coefficients"), "Zernike", 0),
                 (0x80040201, refused("read fringe centers"), "FringeCenter", 0, 0),
+                (0x80040201, refused("set zoom"), "Zoom=", "large"),
+                (0x80040201, refused("get zoom"), "Zoom"),
+                (0x80040201, refused("get window dimensions"), "width"),
+                (0x80040201, refused("get window dimensions"), "height"),
+                (0x80040201, refused("size window"), "SizeWindow", 15, "high"),
                 (0x80040213, NO_GRABBER, "Grab"),
                 (0x8004020C, NO_FILE, "Load", ""),
                 (0x8004020C, NO_FILE, "Load", 5),
@@ -96,6 +105,16 @@ class Errors(ServerTest):
                 ]
             )
         self.assertTrue(self.doc.SetAperture(1.0, [*CIRCLE, 9]))
+
+    def test_the_window(self):
+        self.doc.Load(MIRROR)
+        self.check(
+            [
+                (0x8004020A, ZOOM, "Zoom=", "large"),
+                (0x80040201, WINDOW, "SizeWindow", 15, 100),
+                (0x80040201, WINDOW, "SizeWindow", 100, "high"),
+            ]
+        )
 
     def test_trace_and_analysis(self):
         self.doc.Load(MIRROR)

@@ -50,6 +50,17 @@ class Pictures(ServerTest):
         other.write_bytes(MIRROR.read_bytes())
         self.assertFalse(self.doc.Load(other))
 
+    def test_windows_take_zoom_and_size(self):
+        self.doc.Load(MIRROR)
+        for assigned, zoom in ((150, 150), (33, 150), ("50", 50), (1600, 1600), (25, 25)):
+            self.doc.Zoom = assigned
+            self.assertEqual(self.doc.Zoom, zoom, assigned)
+        for width, height in ((320, 240), (16, 4096), (4096, 16), (640, 480)):
+            self.assertTrue(self.doc.SizeWindow(width, height))
+            self.assertEqual((self.doc.width, self.doc.height), (width, height))
+        with self.assertRaises(AttributeError):
+            self.doc.width = 100
+
     def test_tiny_pictures_and_useless_outlines(self):
         for width, height in ((1, 1), (1, 9), (2, 2)):
             picture = self.folder / f"{width}x{height}.bmp"

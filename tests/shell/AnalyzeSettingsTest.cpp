@@ -52,8 +52,6 @@ TEST_F(AnalyzeSettingsStore, AnEmptyStoreGivesTheDefaults)
     EXPECT_EQ(options.Reference, 0);
     EXPECT_EQ(box.References().Count(), 0);
     EXPECT_EQ(box.BrowseFolder, "");
-    EXPECT_EQ(ReadAnalyzePlace(store).Left, 0);
-    EXPECT_EQ(ReadAnalyzePlace(store).Top, 0);
 }
 
 TEST_F(AnalyzeSettingsStore, OptionsComeBack)
@@ -70,7 +68,6 @@ TEST_F(AnalyzeSettingsStore, OptionsComeBack)
         .TrimEdges = false,
         .Limit = OrderLimit::Sixth,
         .Removed = {.Astigmatism = true, .Coma = true, .Spherical = true}});
-    WriteAnalyzePlace(store, {-200, 300});
     const AnalyzeBox next = NextRun(box);
     const AnalyzeOptions& options = next.Options();
     EXPECT_EQ(next.BrowseFolder, "/home/me/my mirrors");
@@ -84,8 +81,6 @@ TEST_F(AnalyzeSettingsStore, OptionsComeBack)
     EXPECT_FALSE(options.TrimEdges);
     EXPECT_EQ(options.Limit, OrderLimit::Sixth);
     EXPECT_EQ(options.Removed, (RemoveFlags{.Astigmatism = true, .Coma = true, .Spherical = true}));
-    EXPECT_EQ(ReadAnalyzePlace(store).Left, -200);
-    EXPECT_EQ(ReadAnalyzePlace(store).Top, 300);
 }
 
 TEST_F(AnalyzeSettingsStore, ChoicesOutOfRangeAreClamped)

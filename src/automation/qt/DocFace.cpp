@@ -118,7 +118,8 @@ QDBusMessage DocFace::AccessProperties(const QDBusMessage& Call)
         return AccessProperty(Call, arguments);
     QVariantMap values;
     for (const DocProperty& property : DocProperties())
-        values.insert(QLatin1String(property.Name), property.Get(m_doc));
+        if (const Raised<QVariant> value = property.Get(m_doc)) // those that there are at present
+            values.insert(QLatin1String(property.Name), value.Value());
     return Call.createReply(values);
 }
 
@@ -128,8 +129,14 @@ QDBusMessage DocFace::AccessProperty(const QDBusMessage& Call, const QVariantLis
     if (!property)
         return Call.createErrorReply(QDBusError::UnknownProperty,
             QStringLiteral("There is no property '%1'").arg(Arguments[1].toString()));
-    if (Arguments.size() == 2)
-        return Call.createReply(QVariant::fromValue(QDBusVariant(property->Get(m_doc))));
+    if (Arguments.size() == 2) {
+        const Raised<QVariant> value = property->Get(m_doc);
+        return value ? Call.createReply(QVariant::fromValue(QDBusVariant(value.Value())))
+                     : ErrorReply(Call, value.Error());
+    }
+    if (!property->Set)
+        return Call.createErrorReply(QDBusError::PropertyReadOnly,
+            QStringLiteral("'%1' can only be read").arg(Arguments[1].toString()));
     const Raised<bool> result = property->Set(m_doc, FromBus(Arguments[2]));
     return result ? Call.createReply() : ErrorReply(Call, result.Error());
 }

@@ -42,6 +42,26 @@ BusReply Save(MorvaneDoc& On, const BusArguments& Arguments)
     return ReplyOf(On.Save(meaningless ? Variant(false) : Arguments[0]));
 }
 
+template <typename T>
+Raised<QVariant> ValueOf(const Raised<T>& Result)
+{
+    if (!Result)
+        return Result.Error();
+    return QVariant(Result.Value());
+}
+
+template <auto Member>
+Raised<QVariant> Get(const MorvaneDoc& Of)
+{
+    return ValueOf(Raised((Of.*Member)()));
+}
+
+template <auto Member>
+Raised<bool> Set(MorvaneDoc& Of, const Variant& Value)
+{
+    return (Of.*Member)(Value);
+}
+
 // One line of the interface: a method with the first Inputs of its arguments.
 QString MethodXml(const DocMethod& Method, std::size_t Inputs)
 {
@@ -99,6 +119,10 @@ std::span<const DocMethod> DocMethods()
             [](MorvaneDoc& On, const BusArguments& Arguments) {
                 return ReplyOf(On.ExportMap(Arguments[0]));
             }},
+        DocMethod{"SizeWindow", {"Width", "Height"}, 2, {{"Success", "b"}},
+            [](MorvaneDoc& On, const BusArguments& Arguments) {
+                return ReplyOf(On.SizeWindow(Arguments[0], Arguments[1]));
+            }},
         DocMethod{"GetRemove", {"Type"}, 1, {{"Removed", "b"}},
             [](MorvaneDoc& On, const BusArguments& Arguments) {
                 return ReplyOf(On.GetRemove(Arguments[0]));
@@ -114,24 +138,21 @@ std::span<const DocMethod> DocMethods()
 std::span<const DocProperty> DocProperties()
 {
     static constexpr std::array properties{
-        DocProperty{"InputWavelength", "d",
-            [](const MorvaneDoc& Of) { return QVariant(Of.GetInputWavelength()); },
-            [](MorvaneDoc& Of, const Variant& Value) { return Of.SetInputWavelength(Value); }},
-        DocProperty{"OutputWavelength", "d",
-            [](const MorvaneDoc& Of) { return QVariant(Of.GetOutputWavelength()); },
-            [](MorvaneDoc& Of, const Variant& Value) { return Of.SetOutputWavelength(Value); }},
-        DocProperty{"ScaleFactor", "d",
-            [](const MorvaneDoc& Of) { return QVariant(Of.GetScaleFactor()); },
-            [](MorvaneDoc& Of, const Variant& Value) { return Of.SetScaleFactor(Value); }},
-        DocProperty{"InvertWavefront", "b",
-            [](const MorvaneDoc& Of) { return QVariant(Of.GetInvertWavefront()); },
-            [](MorvaneDoc& Of, const Variant& Value) { return Of.SetInvertWavefront(Value); }},
-        DocProperty{"TrimEdges", "b",
-            [](const MorvaneDoc& Of) { return QVariant(Of.GetTrimEdges()); },
-            [](MorvaneDoc& Of, const Variant& Value) { return Of.SetTrimEdges(Value); }},
-        DocProperty{"OrderLimit", "i",
-            [](const MorvaneDoc& Of) { return QVariant(Of.GetOrderLimit()); },
-            [](MorvaneDoc& Of, const Variant& Value) { return Of.SetOrderLimit(Value); }},
+        DocProperty{"InputWavelength", "d", Get<&MorvaneDoc::GetInputWavelength>,
+            Set<&MorvaneDoc::SetInputWavelength>},
+        DocProperty{"OutputWavelength", "d", Get<&MorvaneDoc::GetOutputWavelength>,
+            Set<&MorvaneDoc::SetOutputWavelength>},
+        DocProperty{
+            "ScaleFactor", "d", Get<&MorvaneDoc::GetScaleFactor>, Set<&MorvaneDoc::SetScaleFactor>},
+        DocProperty{"InvertWavefront", "b", Get<&MorvaneDoc::GetInvertWavefront>,
+            Set<&MorvaneDoc::SetInvertWavefront>},
+        DocProperty{
+            "TrimEdges", "b", Get<&MorvaneDoc::GetTrimEdges>, Set<&MorvaneDoc::SetTrimEdges>},
+        DocProperty{
+            "OrderLimit", "i", Get<&MorvaneDoc::GetOrderLimit>, Set<&MorvaneDoc::SetOrderLimit>},
+        DocProperty{"Zoom", "i", Get<&MorvaneDoc::GetZoom>, Set<&MorvaneDoc::SetZoom>},
+        DocProperty{"width", "i", Get<&MorvaneDoc::GetWidth>, nullptr},
+        DocProperty{"height", "i", Get<&MorvaneDoc::GetHeight>, nullptr},
     };
     return properties;
 }
@@ -161,10 +182,11 @@ QString DocInterfaceXml()
     }
     xml += QStringLiteral("    <method name=\"%1\"/>\n").arg(ReleaseMember);
     for (const DocProperty& property : DocProperties())
-        xml += QStringLiteral("    <property name=\"%1\" type=\"%2\" access=\"readwrite\">\n"
-                              "      <annotation name=\"%3\" value=\"false\"/>\n"
+        xml += QStringLiteral("    <property name=\"%1\" type=\"%2\" access=\"%3\">\n"
+                              "      <annotation name=\"%4\" value=\"false\"/>\n"
                               "    </property>\n")
                    .arg(QLatin1String(property.Name), QLatin1String(property.Type),
+                       property.Set ? QStringLiteral("readwrite") : QStringLiteral("read"),
                        QStringLiteral("org.freedesktop.DBus.Property.EmitsChangedSignal"));
     return xml + QStringLiteral("  </interface>\n");
 }

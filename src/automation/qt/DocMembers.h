@@ -23,8 +23,8 @@ struct DocMethod {
 struct DocProperty {
     const char* Name;
     const char* Type; // as read; anything may be assigned
-    QVariant (*Get)(const MorvaneDoc& Of);
-    Raised<bool> (*Set)(MorvaneDoc& Of, const Variant& Value);
+    Raised<QVariant> (*Get)(const MorvaneDoc& Of);
+    Raised<bool> (*Set)(MorvaneDoc& Of, const Variant& Value); // nullptr: it can only be read
 };
 
 std::span<const DocMethod> DocMethods();

@@ -58,7 +58,12 @@ WindowPlace ChildWindow::NormalPlace() const
 void ChildWindow::TakePlace(const WindowPlace& Place)
 {
     const QSize size(Place.Width, Place.Height);
-    m_normal = {QPoint(Place.Left, Place.Top), size.boundedTo(screen()->virtualSize())};
+    TakeGeometry({QPoint(Place.Left, Place.Top), size.boundedTo(screen()->virtualSize())});
+}
+
+void ChildWindow::TakeGeometry(const QRect& Normal)
+{
+    m_normal = Normal;
     if (!isMaximized() && !isMinimized())
         setGeometry(m_normal);
 }

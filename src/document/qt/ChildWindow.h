@@ -27,6 +27,7 @@ protected:
     // Of the window as it is when neither maximised nor minimised.
     WindowPlace NormalPlace() const;
     void TakePlace(const WindowPlace& Place);
+    void TakeGeometry(const QRect& Normal);
 
     void showEvent(QShowEvent* Event) override;
     void moveEvent(QMoveEvent* Event) override;

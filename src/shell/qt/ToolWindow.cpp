@@ -20,14 +20,15 @@ ToolWindow::ToolWindow(
 
 void ToolWindow::ReadSettings(SettingsStore& From, const MainWindowSettings& Shown)
 {
-    m_place = m_kept.ReadPlace(From);
+    m_settings = &From;
     m_command.setChecked(Shown.*m_kept.Shown);
 }
 
 void ToolWindow::WriteSettings(SettingsStore& Into, MainWindowSettings& Shown) const
 {
     Shown.*m_kept.Shown = m_command.isChecked();
-    m_kept.WritePlace(Into, m_placed ? BoxPlace{m_window.x(), m_window.y()} : m_place);
+    if (IsPlaced())
+        WritePlace(Into, m_kept.Place, {m_window.x(), m_window.y()});
 }
 
 void ToolWindow::Restore()
@@ -49,18 +50,35 @@ void ToolWindow::NoteVisible(bool Visible)
 
 void ToolWindow::Show()
 {
-    if (!m_placed)
+    if (!IsPlaced())
         Place();
     m_window.show();
+}
+
+bool ToolWindow::IsPlaced() const
+{
+    return m_window.testAttribute(Qt::WA_Moved);
 }
 
 // The corner of the screen is where nobody has put it yet.
 void ToolWindow::Place()
 {
-    m_placed = true;
-    const QSize size = m_window.sizeHint();
-    const QPoint kept(m_place.Left, m_place.Top);
-    m_window.move(!kept.isNull() && IsReachable({kept, size}) ? kept : m_first(size));
+    m_window.adjustSize(); // a later change would take the place for that inside the frame
+    const QSize size = m_window.size();
+    const QPoint usual = m_first(size);
+    const QPoint kept = KeptPlace(size, usual);
+    m_window.move(!kept.isNull() && IsReachable({kept, size}) ? kept : usual);
+}
+
+QPoint ToolWindow::KeptPlace(QSize Of, QPoint Usual) const
+{
+    PlaceLimits limits;
+    if (m_kept.Limits == ToolWindowKeeping::Within::Screen) {
+        const ScreenMeasures desktop = Screens();
+        limits = {{0, 0}, {desktop.Width - Of.width() / 2, desktop.Height - Of.height() / 2}};
+    }
+    const BoxPlace kept = ReadPlace(*m_settings, m_kept.Place, {Usual.x(), Usual.y()}, limits);
+    return {kept.Left, kept.Top};
 }
 
 } // namespace morvane

@@ -4,7 +4,7 @@
 #include <QObject>
 #include <functional>
 
-#include "shell/AnalyzeSettings.h"
+#include "shell/BoxPlace.h"
 #include "shell/MainWindowSettings.h"
 
 class QAction;
@@ -15,8 +15,8 @@ namespace morvane {
 // How the settings keep one.
 struct ToolWindowKeeping {
     bool MainWindowSettings::*Shown;
-    BoxPlace (*ReadPlace)(SettingsStore& From);
-    void (*WritePlace)(SettingsStore& Into, const BoxPlace& Written);
+    PlaceKey Place;
+    enum class Within { Anywhere, Screen } Limits = Within::Anywhere; // at least half of it
 };
 
 class ToolWindow final : public QObject {
@@ -42,13 +42,14 @@ public slots:
 private:
     void Show();
     void Place();
+    bool IsPlaced() const;
+    QPoint KeptPlace(QSize Of, QPoint Usual) const;
 
     QDialog& m_window;
     QAction& m_command;
     ToolWindowKeeping m_kept;
     FirstPlace m_first;
-    BoxPlace m_place;
-    bool m_placed = false;
+    SettingsStore* m_settings = nullptr;
 };
 
 } // namespace morvane

@@ -9,7 +9,7 @@ constexpr int Gap = 8;
 constexpr int TitleBar = 28; // of a tool window: the window system may put it above the place
 constexpr int SlotStep = 26, SlotSteps = 6; // a title bar; then from the corner again
 constexpr QSize AberrationsSize(350, 310), ZernikesSize(290, 370);
-constexpr int TextColumn = 350, AnalysisColumn = 300;
+constexpr int TextColumn = 350, AnalysisColumn = 300, ToolColumn = 220;
 constexpr QSize LeastPictureRoom(480, 320);
 
 } // namespace
@@ -19,8 +19,11 @@ QRect RoomForPicture(QSize WorkArea, int Slot)
     const int offset = std::max(0, Slot - 1) % SlotSteps * SlotStep;
     const QPoint corner(Gap + offset, Gap + offset);
     const QSize whole(WorkArea.width() - corner.x() - Gap, WorkArea.height() - corner.y() - Gap);
-    const int beside = whole.width() - TextColumn - AnalysisColumn - 2 * Gap;
-    const int width = beside >= LeastPictureRoom.width() ? beside : whole.width();
+    const int besideTwo = whole.width() - TextColumn - AnalysisColumn - 2 * Gap;
+    const int besideAll = besideTwo - ToolColumn - Gap;
+    const int width = besideAll >= LeastPictureRoom.width() ? besideAll
+        : besideTwo >= LeastPictureRoom.width()             ? besideTwo
+                                                            : whole.width();
     return {corner, QSize(width, whole.height()).expandedTo({1, 1})};
 }
 
@@ -44,6 +47,23 @@ QPoint PlaceOfAnalysis(QRect Area, QSize Wanted, QRect Room)
     const int lowest = Room.bottom() - Wanted.height() - TitleBar;
     return {Area.left() + (goesOutside ? outside : std::max(0, inside)),
         std::max(Room.top(), std::min(Area.top() + Gap + TitleBar, lowest))};
+}
+
+QPoint PlaceOfToolBox(QRect Frame, QRect Area, QRect Taken, QSize Wanted, QRect Room)
+{
+    const int top = Area.top() + Gap + TitleBar;
+    const auto isFree = [&](int left) {
+        const QRect box(QPoint(left, top), Wanted);
+        return Room.contains(box) && !box.intersects(Taken);
+    };
+    const int outside = Frame.right() + Gap;
+    const QRect column = Taken.isNull() ? QRect(Area.right() - TextColumn - Gap, top, 0, 0) : Taken;
+    const int before = column.left() - Gap - Wanted.width(), after = column.right() + Gap;
+    const bool leavesPicture = before - Area.left() >= LeastPictureRoom.width();
+    for (const int left : {outside, leavesPicture ? before : after, after})
+        if (isFree(left))
+            return {left, top};
+    return {Area.right() - Gap - Wanted.width(), top};
 }
 
 } // namespace morvane
