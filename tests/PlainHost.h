@@ -16,6 +16,7 @@ public:
     void SetPlace(const WindowPlace& Place) override { m_place = Place; }
     void Show(Activation) override { }
     void Hide() override { }
+    void Raise() override { }
     void Repaint() override { }
 
 private:
@@ -35,6 +36,11 @@ public:
 class PlainTextWindow final : public PlainWindow<TextWindow> {
 public:
     void SetText(const std::string&, const TextFont&, std::span<const int>) override { }
+};
+
+class PlainProfileWindow final : public PlainWindow<ProfileWindow> {
+public:
+    void SetProfile(const ProfileData&) override { }
 };
 
 class PlainHost final : public DocumentHost, public DocumentWindowFactory {
@@ -59,6 +65,10 @@ public:
     std::unique_ptr<TextWindow> CreateTextWindow(clsDocument&, ViewType) override
     {
         return RefuseOutputViews ? nullptr : std::make_unique<PlainTextWindow>();
+    }
+    std::unique_ptr<ProfileWindow> CreateProfileWindow(clsDocument&) override
+    {
+        return std::make_unique<PlainProfileWindow>();
     }
 };
 

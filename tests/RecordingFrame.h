@@ -33,6 +33,7 @@ public:
     WindowPlace GetPlace() const override { return m_place; }
     void SetPlace(const WindowPlace& Place) override { m_place = Place; }
     void Hide() override { Write("hide"); }
+    void Raise() override { Write("raise"); }
     void Repaint() override { Write("repaint"); }
 
 protected:
@@ -99,6 +100,15 @@ public:
     }
 };
 
+class RecordingProfileWindow final : public RecordingWindow<ProfileWindow> {
+public:
+    using RecordingWindow::RecordingWindow;
+    void SetProfile(const ProfileData& Shown) override
+    {
+        Write("profile at " + std::to_string(Shown.Angle));
+    }
+};
+
 class RecordingFrame final : public MainFrame {
 public:
     WindowLog Log;
@@ -134,8 +144,14 @@ public:
     }
     std::unique_ptr<TextWindow> CreateTextWindow(clsDocument&, ViewType Kind) override
     {
-        return std::make_unique<RecordingTextWindow>(
-            Log, Kind == ViewType::Aberrations ? "Aberrations" : "Zernikes");
+        return std::make_unique<RecordingTextWindow>(Log,
+            Kind == ViewType::Aberrations    ? "Aberrations"
+                : Kind == ViewType::Zernikes ? "Zernikes"
+                                             : "GridResults");
+    }
+    std::unique_ptr<ProfileWindow> CreateProfileWindow(clsDocument&) override
+    {
+        return std::make_unique<RecordingProfileWindow>(Log, "LineProfile");
     }
 
 private:

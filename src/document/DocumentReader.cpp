@@ -79,7 +79,7 @@ private:
         // as one to be done anew.
         if (m_tellsValidity)
             m_document.AnalysisValid = m_document.m_zernikes.back() != 0;
-        m_document.OutputViews_Load();
+        m_document.OutputViews_Load(Placement::Shared);
     }
 
     // --- Values

@@ -15,19 +15,6 @@ std::string PaddedLeft(std::string Text, std::size_t Width, char Fill)
     return Text;
 }
 
-const char* UnitName(DisplayUnit Unit)
-{
-    switch (Unit) {
-    case DisplayUnit::Micrometers:
-        return "Micrometers";
-    case DisplayUnit::Microinches:
-        return "Microinches";
-    case DisplayUnit::Waves:
-        break;
-    }
-    return "Waves";
-}
-
 // One aberration: name, amount in display units, and with AngleIndex the angle in degrees.
 std::string AberrationLine(
     const clsDocument& Of, const char* Name, int Index, bool Removed, int AngleIndex = 0)
@@ -63,6 +50,19 @@ std::string CriterionLine(const char* name, const char* none, bool isUsed, doubl
 }
 
 } // namespace
+
+const char* UnitName(DisplayUnit Unit)
+{
+    switch (Unit) {
+    case DisplayUnit::Micrometers:
+        return "Micrometers";
+    case DisplayUnit::Microinches:
+        return "Microinches";
+    case DisplayUnit::Waves:
+        break;
+    }
+    return "Waves";
+}
 
 std::string SignedFixed(double Value, int Decimals)
 {

@@ -2,12 +2,14 @@
 // record of the test. Lines end in CR LF, the last one without.
 #pragma once
 #include <array>
+#include <cstdint>
 #include <string>
 
 namespace morvane {
 
 class clsDocument;
 class clsGrid;
+enum class DisplayUnit : std::int32_t;
 
 std::string AberrationsText(const clsDocument& Of);
 std::string ZernikesText(const clsDocument& Of);
@@ -19,7 +21,8 @@ inline constexpr std::array ZernikesTabStops{16, 68, 84};
 // They make room for the longest cell name.
 std::array<int, 3> GridResultsTabStops(const clsGrid& Of);
 
-// --- What printed tables share with these
+// --- What charts and printed tables share with these
+const char* UnitName(DisplayUnit Unit);
 // With so many decimals, a blank in the place of the sign.
 std::string SignedFixed(double Value, int Decimals);
 // Characters of a cell's column and row number with room for one digit more.

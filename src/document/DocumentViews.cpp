@@ -1,21 +1,68 @@
-// A document's windows: made when first needed, filled when an analysis has finished.
+// A document's windows: made when first needed, placed, shown in the orders that put the texts at
+// the bottom and the surface on top, and filled when an analysis has finished. A kind of view that
+// has no window is passed over everywhere.
+#include "analysis/ModMathLib.h"
 #include "document/DocumentTexts.h"
 #include "document/clsDocument.h"
+#include "platform/Numbers.h"
 
 namespace morvane {
+namespace {
+
+using enum ViewType;
+using Order = std::array<ViewType, 7>;
+
+constexpr Order UpdateOrder{
+    Zernikes, GridResults, Aberrations, SFringe, LineProfile, ContourPlot, SurfacePlot};
+constexpr Order ShowOrder{
+    Zernikes, Aberrations, SFringe, LineProfile, ContourPlot, SurfacePlot, GridResults};
+constexpr Order LoadOrder{
+    Zernikes, Aberrations, GridResults, SFringe, LineProfile, ContourPlot, SurfacePlot};
+
+const char* TitlePrefix(ViewType kind)
+{
+    switch (kind) {
+    case Interferogram:
+        break;
+    case SurfacePlot:
+        return "Surface Plot - ";
+    case ContourPlot:
+        return "Contour Plot - ";
+    case LineProfile:
+        return "Line Profile - ";
+    case SFringe:
+        return "Synthetic Fringes - ";
+    case Aberrations:
+        return "Aberrations - ";
+    case Zernikes:
+        return "Zernikes - ";
+    case GridResults:
+        return "Grid Results - ";
+    }
+    return "";
+}
+
+} // namespace
 
 DocumentWindow* clsDocument::View(ViewType Kind) const
 {
     switch (Kind) {
-    case ViewType::Interferogram:
+    case Interferogram:
         return m_imageView.get();
-    case ViewType::Aberrations:
+    case LineProfile:
+        return m_lineProfileView.get();
+    case Aberrations:
         return m_aberrationsView.get();
-    case ViewType::Zernikes:
+    case Zernikes:
         return m_zernikesView.get();
-    default:
-        return nullptr;
+    case GridResults:
+        return m_gridResultsView.get();
+    case SurfacePlot:
+    case ContourPlot:
+    case SFringe:
+        break;
     }
+    return nullptr;
 }
 
 bool clsDocument::CreateImageView()
@@ -26,26 +73,36 @@ bool clsDocument::CreateImageView()
 
 bool clsDocument::CreateOutputViews()
 {
-    Visible = m_host.GetPreferences().Visible;
     if (!MakeOutputViews())
         return false;
-    PlaceOutputViews();
+    const bool cascades = !m_host.GetPreferences().HogWindows;
+    OutputViews_Load(cascades ? Placement::Cascaded : Placement::Shared);
+    OutputViews_TakeGlobals();
     return true;
 }
 
 bool clsDocument::MakeOutputViews()
 {
     DocumentWindowFactory& windows = m_host.Windows();
-    m_aberrationsView = windows.CreateTextWindow(*this, ViewType::Aberrations);
-    m_zernikesView = windows.CreateTextWindow(*this, ViewType::Zernikes);
+    m_lineProfileView = windows.CreateProfileWindow(*this);
+    m_aberrationsView = windows.CreateTextWindow(*this, Aberrations);
+    m_zernikesView = windows.CreateTextWindow(*this, Zernikes);
+    m_gridResultsView = windows.CreateTextWindow(*this, GridResults);
     OutputViews_LoadData();
     return OutputViewsExist();
 }
 
-void clsDocument::CloseWindows()
+void clsDocument::DestroyOutputViews()
 {
+    m_gridResultsView.reset();
     m_zernikesView.reset();
     m_aberrationsView.reset();
+    m_lineProfileView.reset();
+}
+
+void clsDocument::CloseWindows()
+{
+    DestroyOutputViews();
     m_imageView.reset();
 }
 
@@ -62,10 +119,9 @@ void clsDocument::UpdateCaptions()
 {
     if (m_imageView)
         m_imageView->SetCaption(ShownName());
-    if (m_aberrationsView)
-        m_aberrationsView->SetCaption("Aberrations - " + ShownName());
-    if (m_zernikesView)
-        m_zernikesView->SetCaption("Zernikes - " + ShownName());
+    for (const ViewType kind : LoadOrder)
+        if (DocumentWindow* const view = View(kind))
+            view->SetCaption(TitlePrefix(kind) + ShownName());
 }
 
 void clsDocument::ImageView_Refresh()
@@ -79,65 +135,104 @@ void clsDocument::OutputViews_UpdateVisibility(Activation How)
 {
     if (!OutputViewsExist())
         return;
-    const auto update = [How](DocumentWindow& window, bool visible) {
-        if (visible)
-            window.Show(How);
-        else
-            window.Hide();
-    };
-    update(*m_zernikesView, Visible.Zernikes);
-    update(*m_aberrationsView, Visible.Aberrations);
+    for (const ViewType kind : UpdateOrder) {
+        DocumentWindow* const view = View(kind);
+        if (view && Visible.At(kind))
+            view->Show(How);
+        else if (view)
+            view->Hide();
+    }
 }
 
 void clsDocument::OutputViews_HideAll()
 {
-    if (!OutputViewsExist())
-        return;
-    if (Visible.Zernikes)
-        m_zernikesView->Hide();
-    if (Visible.Aberrations)
-        m_aberrationsView->Hide();
+    ForEachVisible(ShowOrder, [](DocumentWindow& view, ViewType) { view.Hide(); });
 }
 
 void clsDocument::OutputViews_ShowNoActivate()
 {
-    if (!OutputViewsExist())
-        return;
-    if (m_host.GetPreferences().HogWindows)
-        PlaceOutputViews();
-    if (Visible.Zernikes)
-        m_zernikesView->Show(Activation::LeaveFocus);
-    if (Visible.Aberrations)
-        m_aberrationsView->Show(Activation::LeaveFocus);
+    const Preferences& preferences = m_host.GetPreferences();
+    ForEachVisible(ShowOrder, [&](DocumentWindow& view, ViewType kind) {
+        if (preferences.HogWindows)
+            PlaceView(view, preferences.Places.At(kind));
+        view.Show(Activation::LeaveFocus);
+    });
 }
 
 void clsDocument::OutputViews_Refresh()
 {
-    if (!OutputViewsExist())
-        return;
-    if (Visible.Zernikes)
-        m_zernikesView->Repaint();
-    if (Visible.Aberrations)
-        m_aberrationsView->Repaint();
+    ForEachVisible(LoadOrder, [](DocumentWindow& view, ViewType) { view.Repaint(); });
 }
 
-void clsDocument::OutputViews_Load()
+void clsDocument::OutputViews_Select(ViewType Kind)
+{
+    DocumentWindow* const view = View(Kind);
+    if (view && (Kind == Interferogram || (OutputViewsExist() && Visible.At(Kind))))
+        view->Raise();
+}
+
+void clsDocument::OutputViews_Offset(int DeltaX, int DeltaY, bool Shows)
+{
+    ForEachVisible(LoadOrder, [=](DocumentWindow& view, ViewType) {
+        WindowPlace place = view.GetPlace();
+        place.Left += DeltaX;
+        place.Top += DeltaY;
+        view.SetPlace(place);
+        if (Shows)
+            view.Show(Activation::LeaveFocus);
+    });
+}
+
+void clsDocument::OutputViews_NotePlaces()
 {
     if (!OutputViewsExist())
         return;
-    PlaceOutputViews();
+    for (const ViewType kind : LoadOrder)
+        if (const DocumentWindow* const view = View(kind))
+            m_host.GetPreferences().Places.At(kind) = view->GetPlace();
+}
+
+void clsDocument::OutputViews_TakePlaces()
+{
+    for (const ViewType kind : LoadOrder)
+        if (DocumentWindow* const view = View(kind))
+            PlaceView(*view, m_host.GetPreferences().Places.At(kind));
+}
+
+void clsDocument::OutputViews_GiveGlobals()
+{
+    if (!OutputViewsExist())
+        return;
+    Preferences& preferences = m_host.GetPreferences();
+    preferences.Visible = Visible;
+    if (preferences.HogWindows)
+        OutputViews_NotePlaces();
+}
+
+void clsDocument::OutputViews_TakeGlobals()
+{
+    if (OutputViewsExist())
+        Visible = m_host.GetPreferences().Visible;
+}
+
+void clsDocument::OutputViews_Load(Placement How)
+{
+    if (!OutputViewsExist())
+        return;
+    Preferences& preferences = m_host.GetPreferences();
+    if (How == Placement::Cascaded)
+        for (const ViewType kind : LoadOrder) {
+            preferences.Places.At(kind).Left += preferences.CascadeX;
+            preferences.Places.At(kind).Top += preferences.CascadeY;
+        }
+    OutputViews_TakePlaces();
     OutputViews_LoadData();
 }
 
-void clsDocument::PlaceOutputViews()
+void clsDocument::PlaceView(DocumentWindow& View, const WindowPlace& At)
 {
-    const auto place = [](DocumentWindow& window, const WindowPlace& at) {
-        if (at.Width > 0 && at.Height > 0)
-            window.SetPlace(at);
-    };
-    const PerView<WindowPlace>& places = m_host.GetPreferences().Places;
-    place(*m_zernikesView, places.Zernikes);
-    place(*m_aberrationsView, places.Aberrations);
+    if (At.Width > 0 && At.Height > 0)
+        View.SetPlace(At);
 }
 
 void clsDocument::OutputViews_LoadData()
@@ -145,18 +240,47 @@ void clsDocument::OutputViews_LoadData()
     if (!OutputViewsExist())
         return;
     UpdateCaptions();
-    LoadDataIntoZernikes();
-    LoadDataIntoAberrations();
-}
-
-void clsDocument::LoadDataIntoAberrations()
-{
-    m_aberrationsView->SetText(AberrationsText(*this), ScreenText, AberrationsTabStops);
-}
-
-void clsDocument::LoadDataIntoZernikes()
-{
     m_zernikesView->SetText(ZernikesText(*this), ScreenText, ZernikesTabStops);
+    m_aberrationsView->SetText(AberrationsText(*this), ScreenText, AberrationsTabStops);
+    LoadDataIntoGridResults();
+    LoadDataIntoLineProfile();
+}
+
+void clsDocument::LoadDataIntoGridResults()
+{
+    if (OutputViewsExist())
+        m_gridResultsView->SetText(GridResultsText(Grid), ScreenText, GridResultsTabStops(Grid));
+}
+
+void clsDocument::LoadDataIntoLineProfile()
+{
+    m_lineProfileView->SetProfile({.X = m_maps.ProfileX,
+        .Y = m_maps.ProfileY,
+        .Angle = LineProfileAngle,
+        .Unit = UnitName(ScaleMode),
+        .MinYSpan = LeastProfileSpan(),
+        .AutoScale = AutoScale,
+        .ZMinimum = ZMinimum,
+        .ZMaximum = ZMaximum});
+}
+
+// In display units, where they are not waves as one round digit of them.
+double clsDocument::LeastProfileSpan() const
+{
+    const double waves = LimitDisplayScale ? 0.5 : 0.05;
+    if (ScaleMode == DisplayUnit::Waves)
+        return waves;
+    return LeadingNumber(FormatSignificant(waves * DisplayScale, 1, NumberStyle::Automatic));
+}
+
+void clsDocument::RefreshLineViewData(int Angle)
+{
+    if (m_maps.ProfileX.empty() || !OutputViewsExist())
+        return;
+    LineProfileAngle = Angle;
+    FillProfile(m_maps);
+    LoadDataIntoLineProfile();
+    Modified = true;
 }
 
 } // namespace morvane

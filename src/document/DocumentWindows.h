@@ -25,6 +25,8 @@ public:
     // Neither moves nor resizes the window.
     virtual void Show(Activation How) = 0;
     virtual void Hide() = 0;
+    // Above all other windows; the focus stays where it is.
+    virtual void Raise() = 0;
     virtual void Repaint() = 0;
 };
 
@@ -51,12 +53,30 @@ public:
         const std::string& Text, const TextFont& Font, std::span<const int> TabStops) = 0;
 };
 
+// The wavefront along a line through the center of the pupil.
+struct ProfileData {
+    std::span<const double> X; // -1 to 1
+    std::span<const double> Y; // display units; NoData where there is no wavefront
+    int Angle = 0; // degrees
+    const char* Unit = ""; // the name of the display units
+    double MinYSpan = 0; // of the scale, display units
+    bool AutoScale = true; // otherwise ZMinimum to ZMaximum
+    double ZMinimum = 0, ZMaximum = 1;
+};
+
+class ProfileWindow : public DocumentWindow {
+public:
+    // The data need not last.
+    virtual void SetProfile(const ProfileData& Shown) = 0;
+};
+
 class DocumentWindowFactory {
 public:
     virtual ~DocumentWindowFactory() = default;
     // Made hidden; nullptr if the window cannot be had.
     virtual std::unique_ptr<ImageWindow> CreateImageWindow(clsDocument& Of) = 0;
     virtual std::unique_ptr<TextWindow> CreateTextWindow(clsDocument& Of, ViewType Kind) = 0;
+    virtual std::unique_ptr<ProfileWindow> CreateProfileWindow(clsDocument& Of) = 0;
 };
 
 } // namespace morvane

@@ -21,6 +21,10 @@ enum class ViewType : std::int32_t {
     GridResults = 9
 };
 
+inline constexpr std::array OutputViewTypes{ViewType::SurfacePlot, ViewType::ContourPlot,
+    ViewType::LineProfile, ViewType::SFringe, ViewType::Aberrations, ViewType::Zernikes,
+    ViewType::GridResults};
+
 // Where a window stands in the frame, pixels.
 struct WindowPlace {
     int Left = 0, Top = 0, Width = 0, Height = 0;
@@ -106,6 +110,8 @@ struct Preferences {
 
     PerView<bool> Visible{.SurfacePlot = true, .ContourPlot = true, .Aberrations = true};
     PerView<WindowPlace> Places;
+    // From one window of a cascade to the next: a frame, and a frame with its caption; pixels.
+    int CascadeX = 0, CascadeY = 0;
 
     TextFont ScreenText, PrinterText;
 

@@ -9,6 +9,16 @@
 #include "document/LoadPicture.h"
 
 namespace morvane {
+namespace {
+
+void ScaleForDisplay(std::span<double> values, double scale)
+{
+    for (double& value : values)
+        if (value != NoData)
+            value *= scale;
+}
+
+} // namespace
 
 double DisplayScaleOf(DisplayUnit Unit, double InputWavelength, double OutputWavelength)
 {
@@ -98,8 +108,7 @@ void clsDocument::ClearGeometry()
     m_zernikes = m_zernikeFiltered = m_refZernikes = {};
     m_wNotation = {};
     m_maps = {};
-    m_aberrationsView.reset();
-    m_zernikesView.reset();
+    DestroyOutputViews();
     InvalidateMask();
 }
 
@@ -266,12 +275,15 @@ void clsDocument::FillMaps(AnalysisMaps& Maps) const
         Maps.Surface);
     EvalSurface(m_zernikes, mask, frame, xOrigSurfaceSize, yOrigSurfaceSize, MapContent::Fringes,
         Maps.Fringes);
-    EvalProfile(m_zernikeFiltered, mask, frame, LineProfileAngle / DegreesPerRadian, Maps.ProfileX,
-        Maps.ProfileY);
-    for (std::vector<double>* scaled : {&Maps.Surface, &Maps.ProfileY})
-        for (double& value : *scaled)
-            if (value != NoData)
-                value *= DisplayScale;
+    ScaleForDisplay(Maps.Surface, DisplayScale);
+    FillProfile(Maps);
+}
+
+void clsDocument::FillProfile(AnalysisMaps& Maps) const
+{
+    EvalProfile(m_zernikeFiltered, Analysis.Mask.View(), Analysis.Frame,
+        LineProfileAngle / DegreesPerRadian, Maps.ProfileX, Maps.ProfileY);
+    ScaleForDisplay(Maps.ProfileY, DisplayScale);
 }
 
 std::vector<double> clsDocument::GetSurfaceMap()

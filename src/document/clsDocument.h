@@ -170,12 +170,16 @@ public:
 
     // --- Windows
     bool ImageViewExists() const { return m_imageView != nullptr; }
-    bool OutputViewsExist() const { return m_aberrationsView && m_zernikesView; }
+    bool OutputViewsExist() const
+    {
+        return m_lineProfileView && m_aberrationsView && m_zernikesView && m_gridResultsView;
+    }
     ImageWindow* ImageView() const { return m_imageView.get(); }
     // The window of a view; nullptr before it has been created.
     DocumentWindow* View(ViewType Kind) const;
     bool CreateImageView();
-    // Also takes the default visibility of each view from the preferences.
+    // Places them, in the individual workspace a step further than those before, and takes the
+    // default visibility of each from the preferences.
     bool CreateOutputViews();
     // Caption and picture to the image window; Refresh also repaints it.
     void ImageView_Init();
@@ -184,10 +188,26 @@ public:
     void ImageView_Refresh();
     // Ends all windows; who still holds the document has one without any.
     void CloseWindows();
+
+    // --- Output views. Without them each does nothing; those that the user has hidden stay so.
+    // Shows each that is to be visible and hides the others, where they are.
     void OutputViews_UpdateVisibility(Activation How);
-    void OutputViews_HideAll();
+    // In the common workspace at the places of the preferences.
     void OutputViews_ShowNoActivate();
+    void OutputViews_HideAll();
     void OutputViews_Refresh();
+    // Above all other windows, the interferogram too, without the focus.
+    void OutputViews_Select(ViewType Kind);
+    void OutputViews_Offset(int DeltaX, int DeltaY, bool Shows);
+    // The preferences take the document's visibility, and in the common workspace its places.
+    void OutputViews_GiveGlobals();
+    void OutputViews_TakeGlobals();
+    void OutputViews_NotePlaces();
+    // Each view, shown or not, to the place of the preferences.
+    void OutputViews_TakePlaces();
+    void LoadDataIntoGridResults();
+    // The profile anew at another angle, in degrees, and nothing else.
+    void RefreshLineViewData(int Angle);
 
 private:
     void TakeImageSize(RasterSize Size);
@@ -198,13 +218,25 @@ private:
     bool AllocateMaps(AnalysisMaps& Maps) const;
     void DeriveCoefficients();
     void FillMaps(AnalysisMaps& Maps) const;
+    void FillProfile(AnalysisMaps& Maps) const;
     bool MakeOutputViews();
+    void DestroyOutputViews();
+    enum class Placement { Shared, Cascaded };
     // Brings the views to the places of the preferences, and their contents up to date.
-    void OutputViews_Load();
-    void PlaceOutputViews();
+    void OutputViews_Load(Placement How);
+    static void PlaceView(DocumentWindow& View, const WindowPlace& At);
+    template <typename Views, typename Act>
+    void ForEachVisible(const Views& Kinds, Act Do)
+    {
+        if (!OutputViewsExist())
+            return;
+        for (const ViewType kind : Kinds)
+            if (DocumentWindow* const view = View(kind); view && Visible.At(kind))
+                Do(*view, kind);
+    }
     void OutputViews_LoadData();
-    void LoadDataIntoAberrations();
-    void LoadDataIntoZernikes();
+    void LoadDataIntoLineProfile();
+    double LeastProfileSpan() const;
 
     class FileReader;
 
@@ -215,7 +247,8 @@ private:
     WNotation m_wNotation{};
     AnalysisMaps m_maps;
     std::unique_ptr<ImageWindow> m_imageView;
-    std::unique_ptr<TextWindow> m_aberrationsView, m_zernikesView;
+    std::unique_ptr<ProfileWindow> m_lineProfileView;
+    std::unique_ptr<TextWindow> m_aberrationsView, m_zernikesView, m_gridResultsView;
 };
 
 } // namespace morvane

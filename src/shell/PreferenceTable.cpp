@@ -265,6 +265,8 @@ Preferences ReadPreferences(
 {
     Preferences read;
     read.Places = DefaultPlaces(Screen);
+    read.CascadeX = Screen.FrameStep;
+    read.CascadeY = Screen.CaptionStep;
     for (const Rows& rows :
         {DialogRows(read), ReportRows(read.Report), PlotRows(read), VisibilityRows(read.Visible),
             FontRows("ScreenText", read.ScreenText), FontRows("PrinterText", read.PrinterText),

@@ -84,8 +84,8 @@ void Session::CloseDocument(clsDocument& Closed)
     if (Document(slot) != &Closed)
         return;
     const bool isShown = m_activeDocument == slot || m_numOpenDocuments == 1;
-    if (isShown && Prefs.HogWindows && Closed.OutputViewsExist())
-        TakeViews(Closed);
+    if (isShown && Prefs.HogWindows)
+        Closed.OutputViews_GiveGlobals();
     // Its windows go last: they may bring another document to the front.
     const std::shared_ptr<clsDocument> released = std::move(m_documents[slot]);
     m_documents[slot].reset();
@@ -146,15 +146,16 @@ void Session::ActivateDocument(clsDocument& Front, ViewType View)
     clsDocument* const before = Active();
     const bool changed = before != &Front;
     if (changed && Prefs.HogWindows && View == ViewType::Interferogram) {
-        if (before && before->OutputViewsExist()) {
+        if (before) {
             before->OutputViews_HideAll();
-            TakeViews(*before);
+            before->OutputViews_GiveGlobals();
         }
-        if (Front.OutputViewsExist()) {
-            Front.Visible = Prefs.Visible;
-            Front.OutputViews_ShowNoActivate();
-        }
+        Front.OutputViews_TakeGlobals();
+        Front.OutputViews_ShowNoActivate();
     }
+    // The views of the next document cascade from here.
+    if (!Prefs.HogWindows)
+        Front.OutputViews_NotePlaces();
     m_activeDocument = Front.DocNumber;
     Front.ActiveView = View;
     if (View == ViewType::Interferogram && Front.ImageViewExists())
@@ -165,14 +166,6 @@ void Session::ActivateDocument(clsDocument& Front, ViewType View)
     m_frame.UpdateMainFrame();
     if (View == ViewType::Interferogram && ActiveTools())
         ActiveTools()->ChangeStatusBar(0);
-}
-
-// What is shown of this document, and where, the next one shows there too.
-void Session::TakeViews(const clsDocument& Of)
-{
-    Prefs.Visible = Of.Visible;
-    Prefs.Places.Aberrations = Of.View(ViewType::Aberrations)->GetPlace();
-    Prefs.Places.Zernikes = Of.View(ViewType::Zernikes)->GetPlace();
 }
 
 void Session::BringToFront(clsDocument& Front)

@@ -77,6 +77,10 @@ public:
     // The document's interferogram in front of all others; it must have one.
     void BringToFront(clsDocument& Front);
 
+    // One common set of output views for all interferograms, or one for each; the views on the
+    // screen move accordingly.
+    void ShareViews(bool Common);
+
     // --- Commands; each does nothing without an active document
     void OpenDialog();
     // Opens pictures and documents; unless Quiet the user is told of each file that cannot be.
@@ -168,6 +172,8 @@ public:
 private:
     friend class UnattendedScope;
 
+    void SpreadViews();
+    void GatherViews();
     MouseTools* ActiveTools() const;
     // The same, with the interferogram in front.
     MouseTools* ToolsInFront();
@@ -181,7 +187,6 @@ private:
     bool MayReplace(const std::string& Path, const std::string& Title);
     std::optional<std::string> AskExport(
         const clsDocument& Of, const char* Title, const char* Filter, const char* Extension);
-    void TakeViews(const clsDocument& Of);
     bool RegisterDocument(const std::shared_ptr<clsDocument>& Registered);
 
     MessageAnswerer* m_answerer;

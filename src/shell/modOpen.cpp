@@ -112,8 +112,8 @@ bool Session::ReplaceDocument(clsDocument& Of, const std::string& Path, bool Qui
 
 void Session::ClearDocument(clsDocument& Of)
 {
-    if (Prefs.HogWindows && Of.OutputViewsExist())
-        TakeViews(Of);
+    if (Prefs.HogWindows)
+        Of.OutputViews_GiveGlobals();
     Of.ClearGeometry();
 }
 

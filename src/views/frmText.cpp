@@ -41,7 +41,9 @@ bool Passes(const QKeyEvent& Key)
 frmText::frmText(clsDocument& Of, ViewType Kind, Session& In)
     : ChildWindow(Of, Kind, In), m_text(new QPlainTextEdit)
 {
-    setObjectName(Kind == ViewType::Aberrations ? "frmAberrations" : "frmZernikes");
+    setObjectName(Kind == ViewType::Aberrations ? "frmAberrations"
+            : Kind == ViewType::Zernikes        ? "frmZernikes"
+                                                : "frmGridResults");
     m_text->setObjectName("txtOutput");
     m_text->setFrameShape(QFrame::NoFrame);
     m_text->setReadOnly(true);
@@ -61,8 +63,7 @@ void frmText::Repaint()
 // The default place says only that nobody has arranged the views yet.
 void frmText::SetPlace(const WindowPlace& Place)
 {
-    const PerView<WindowPlace> defaults = DefaultPlaces(Screens());
-    if (Place == (m_kind == ViewType::Aberrations ? defaults.Aberrations : defaults.Zernikes))
+    if (Place == DefaultPlaces(Screens()).At(m_kind))
         return;
     TakePlace(Place);
     m_placed = true;

@@ -14,6 +14,7 @@ public:
     void SetCaption(const std::string& Caption) override { ShowCaption(Caption); }
     void Show(Activation How) override { ShowWindow(How); }
     void Hide() override { hide(); }
+    void Raise() override { raise(); }
     WindowPlace GetPlace() const override { return NormalPlace(); }
     void SetPlace(const WindowPlace& Place) override;
     void Repaint() override;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 #include <numbers>
 
 #include "FringePicture.h"
@@ -315,8 +316,98 @@ TEST(clsDocumentViews, OutputViewsFollowTheirFlags)
     EXPECT_TRUE(session.Frame.Log.Has("Aberrations: caption Aberrations - mirror.bmp"));
     session.Frame.Log.Lines.clear();
     document.OutputViews_UpdateVisibility(Activation::LeaveFocus);
-    EXPECT_EQ(
-        session.Frame.Log.Lines, (std::vector<std::string>{"Zernikes: hide", "Aberrations: show"}));
+    EXPECT_EQ(session.Frame.Log.Lines,
+        (std::vector<std::string>{
+            "Zernikes: hide", "GridResults: hide", "Aberrations: show", "LineProfile: hide"}));
+}
+
+class clsDocumentAllViews : public testing::Test {
+protected:
+    clsDocumentAllViews()
+    {
+        session.Main.Prefs.Visible = {true, true, true, true, true, true, true};
+        session.Main.Prefs.CascadeX = 4;
+        session.Main.Prefs.CascadeY = 30;
+        session.Main.Prefs.Places.Zernikes = {100, 200, 300, 250};
+    }
+    std::vector<std::string> TakeLog() { return std::exchange(session.Frame.Log.Lines, {}); }
+    static WindowPlace PlaceOf(const clsDocument& Document)
+    {
+        return Document.View(ViewType::Zernikes)->GetPlace();
+    }
+
+    SilentSession session;
+    clsDocument document{session.Main};
+};
+
+TEST_F(clsDocumentAllViews, AreShownHiddenAndRepaintedInTheirOrders)
+{
+    using Lines = std::vector<std::string>;
+    ASSERT_TRUE(document.CreateOutputViews());
+    TakeLog();
+    document.OutputViews_ShowNoActivate();
+    EXPECT_EQ(TakeLog(),
+        (Lines{"Zernikes: show", "Aberrations: show", "LineProfile: show", "GridResults: show"}));
+    document.OutputViews_HideAll();
+    EXPECT_EQ(TakeLog(),
+        (Lines{"Zernikes: hide", "Aberrations: hide", "LineProfile: hide", "GridResults: hide"}));
+    document.Visible.Aberrations = false;
+    document.OutputViews_Refresh();
+    EXPECT_EQ(TakeLog(),
+        (Lines{"Zernikes: repaint", "GridResults: repaint", "LineProfile: repaint"}));
+    for (const int kind : {0, 1, 2, 4, 7, 8, 10})
+        document.OutputViews_Select(static_cast<ViewType>(kind));
+    EXPECT_EQ(TakeLog(), (Lines{"Zernikes: raise"})) << "hidden, missing and unknown ones are not";
+}
+
+TEST_F(clsDocumentAllViews, StandAtTheSharedPlacesOrCascade)
+{
+    const WindowPlace shared = session.Main.Prefs.Places.Zernikes;
+    ASSERT_TRUE(document.CreateOutputViews());
+    EXPECT_EQ(PlaceOf(document), shared);
+    session.Main.Prefs.HogWindows = false;
+    for (int step = 1; step <= 2; ++step) {
+        clsDocument next{session.Main};
+        ASSERT_TRUE(next.CreateOutputViews());
+        EXPECT_EQ(PlaceOf(next), (WindowPlace{100 + 4 * step, 200 + 30 * step, 300, 250}));
+    }
+    document.OutputViews_Offset(5, -7, false);
+    EXPECT_EQ(PlaceOf(document), (WindowPlace{105, 193, 300, 250}));
+}
+
+TEST_F(clsDocumentAllViews, GiveTheirPlacesToTheCommonWorkspaceOnly)
+{
+    ASSERT_TRUE(document.CreateOutputViews());
+    document.Visible.LineProfile = false;
+    for (const bool common : {false, true}) {
+        session.Main.Prefs.HogWindows = common;
+        session.Main.Prefs.Places.Zernikes = {1, 2, 3, 4};
+        document.OutputViews_GiveGlobals();
+        EXPECT_FALSE(session.Main.Prefs.Visible.LineProfile);
+        EXPECT_EQ(session.Main.Prefs.Places.Zernikes == PlaceOf(document), common);
+    }
+}
+
+TEST_F(clsDocumentAllViews, AnotherAngleRenewsTheProfileAlone)
+{
+    ASSERT_TRUE(document.CreateOutputViews());
+    document.RefreshLineViewData(45);
+    EXPECT_EQ(document.LineProfileAngle, 0) << "nothing has been analysed";
+    document.LoadBlankImage(200, 200);
+    SetCircle(document.Aperture, 100, 100, 80);
+    document.Averaged = true;
+    ZernikeSet tilt{};
+    tilt[0] = 1;
+    document.SetZernikes(tilt);
+    ASSERT_TRUE(document.UpdateAnalysis(true, true));
+    document.Modified = false;
+    const double alongX = document.Maps().ProfileY.back();
+    TakeLog();
+    document.RefreshLineViewData(90);
+    EXPECT_EQ(TakeLog(), (std::vector<std::string>{"LineProfile: profile at 90"}));
+    EXPECT_TRUE(document.Modified);
+    EXPECT_GT(alongX, 0.4);
+    EXPECT_NEAR(document.Maps().ProfileY.back(), 0, 1e-12) << "across the tilt it is level";
 }
 
 TEST(DisplayScale, FollowsUnitAndWavelengths)

@@ -82,8 +82,13 @@ void ChildWindow::resizeEvent(QResizeEvent* Event)
 
 void ChildWindow::NotePlace()
 {
-    if (!isMaximized() && !isMinimized())
-        m_normal = geometry();
+    if (isMaximized() || isMinimized())
+        return;
+    m_normal = geometry();
+    // The common set of views stands where it was left last.
+    Preferences& preferences = m_session.GetPreferences();
+    if (m_kind != ViewType::Interferogram && preferences.HogWindows && isVisible())
+        preferences.Places.At(m_kind) = NormalPlace();
 }
 
 // A sub window makes itself the active one when it or the widget inside is shown: both roads are
