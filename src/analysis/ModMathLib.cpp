@@ -118,6 +118,55 @@ AxisStep LongerStep(const AxisStep& step, const DecimalForm& rounded)
     return {tenths, step.Exponent, tenths};
 }
 
+// The next longer step of AutoScaleRange: one that had been widened to hold the span takes two.
+AxisStep GrownStep(const AxisStep& step, const DecimalForm& rounded, bool isWidened)
+{
+    const int digit = rounded.Digits.front() - '0';
+    if (isWidened || digit == 1)
+        return LongerStep(step, rounded);
+    return {10 * (digit + 1), step.Exponent, digit + 1};
+}
+
+// The whole number below, where what binary numbers lack of a whole one does not count.
+double WholeBelow(double value)
+{
+    constexpr double noise = 1e-9;
+    return std::floor(value + noise);
+}
+
+// Whether the length reaches so far, noise aside.
+bool HoldsAll(double reach, double length)
+{
+    return WholeBelow(-reach / length) >= -1;
+}
+
+double DecadeBelow(double value)
+{
+    return std::pow(10, WholeBelow(std::log10(value)));
+}
+
+double DecadeAbove(double value)
+{
+    return std::pow(10, -WholeBelow(-std::log10(value)));
+}
+
+void WidenToDecades(double& min, double& max, bool freeMin, bool freeMax)
+{
+    const double least = min, most = max;
+    if (least <= 0)
+        min = freeMax ? DecadeBelow(most) : most / 10;
+    else if (freeMin)
+        min = DecadeBelow(least);
+    if (most <= 0)
+        max = DecadeAbove(least);
+    else if (freeMax)
+        max = DecadeAbove(most);
+    if (min == max && freeMax && least > 0)
+        max *= 10;
+    else if (min == max)
+        min /= 10;
+}
+
 // Down to a whole tenth of the axis, never up by a rounding error.
 double RoundedDown(double low, double length)
 {
@@ -341,6 +390,52 @@ int NiceAxisRange(double& Low, double& High, bool Frozen, bool FixLow, bool FixH
         High = std::max(High, Low + length); // a least span may still end a little too low
     }
     return step.Count;
+}
+
+int AutoScaleRange(double& Min, double& Max, bool Log, bool FreeMin, bool FreeMax, double MinSpan)
+{
+    if (Log) {
+        if ((FreeMin || FreeMax) && (Min > 0 || Max > 0))
+            WidenToDecades(Min, Max, FreeMin, FreeMax);
+        return 10;
+    }
+    if (!(Max > Min) || !std::isfinite(Max - Min))
+        return 0;
+    const double span = LeadingNumber(FormatGeneral(Max - Min)); // 3.3 - 0.3 is to be 3
+    const double least = MinSpan == NoPoint ? 0 : MinSpan;
+    DecimalForm rounded = ToDecimal(span);
+    rounded.RoundTo(1);
+    const int digit = rounded.Digits.front() - '0';
+    const double nearest = AxisStep{10 * digit, rounded.Exponent, digit}.Length();
+    if (span == nearest && span >= least)
+        return digit;
+    const AxisStep step = StepOver(span, rounded);
+    double length = std::max(step.Length(), least);
+    if (FreeMin && FreeMax) {
+        const double low = Min;
+        const double base = WholeBelow(low / length) * length;
+        Min = WholeBelow(low / length * 10) * length / 10;
+        if (!HoldsAll(Max - Min, length)) {
+            length = std::max(GrownStep(step, rounded, span > nearest).Length(), least);
+            Min = WholeBelow((low - base) / length * 10) * length / 10 + base;
+        }
+        Max = Min + length;
+    } else if (FreeMin) {
+        Min = Max - length;
+    } else if (FreeMax) {
+        Max = Min + length;
+    }
+    return 0;
+}
+
+int ScaleDivisionHint(double Min, double Max)
+{
+    const double span = Max - Min;
+    if (!(span > 0) || !std::isfinite(span))
+        return 0;
+    DecimalForm form = ToDecimal(span);
+    form.RoundTo(2);
+    return form.Digits.size() == 1 ? form.Digits.front() - '0' : 0;
 }
 
 void CommaToPoint(std::string& Text)

@@ -69,6 +69,14 @@ std::int32_t AxisExponent(double Low, double High);
 int NiceAxisRange(
     double& Low, double& High, bool Frozen, bool FixLow, bool FixHigh, double MinSpan);
 
+// Turns the range of the data into a round range of an axis, and gives the hint for its division:
+// 10 of a logarithmic one, the leading digit of a range that is round as it is, else 0. Only free
+// ends move, and not without a span. MinSpan is the least span; NoPoint sets no limit. The ends of
+// a logarithmic axis go out to whole decades.
+int AutoScaleRange(double& Min, double& Max, bool Log, bool FreeMin, bool FreeMax, double MinSpan);
+// The hint for an axis whose limits are fixed: the span's digit if one tells it, else 0.
+int ScaleDivisionHint(double Min, double Max);
+
 // Replaces each "," by ".", for numbers written under a decimal-comma locale.
 void CommaToPoint(std::string& Text);
 

@@ -1,6 +1,15 @@
 #include "document/TextFont.h"
 
+#include "platform/Numbers.h"
+
 namespace morvane {
+
+Font DeviceFont(const Device& On, const TextFont& Of, TextRotation Rotation)
+{
+    constexpr double pointsPerInch = 72;
+    const int height = RoundToLong(Of.Size * On.Figures().PixelsPerInchY / pointsPerInch);
+    return {Of.FaceName, height, Of.Bold, Of.Italic, Of.Underline, Rotation};
+}
 
 std::string FixedFaceName(std::string_view Name)
 {

@@ -16,6 +16,10 @@ struct TextFont {
     friend bool operator==(const TextFont&, const TextFont&) = default;
 };
 
+// The font of a device for such a text.
+Font DeviceFont(
+    const Device& On, const TextFont& Of, TextRotation Rotation = TextRotation::Horizontal);
+
 // The name as a record of 32 characters keeps it: cut there, without the blanks and line
 // ends behind it.
 std::string FixedFaceName(std::string_view Name);

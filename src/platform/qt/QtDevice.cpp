@@ -9,11 +9,6 @@
 namespace morvane {
 namespace {
 
-QRgb ToRgb(Color Of)
-{
-    return qRgb(Of.Red, Of.Green, Of.Blue);
-}
-
 // Divisor above 0.
 std::int64_t FloorOfQuotient(std::int64_t Dividend, std::int64_t Divisor)
 {
@@ -46,11 +41,11 @@ struct Stretch {
 } // namespace
 
 QtDevice::QtDevice(QImage& On, int PenScale)
-    : m_bits(On.bits()), m_stride(On.bytesPerLine()), m_width(On.width()), m_height(On.height()),
-      m_painter(&On), m_penScale(PenScale)
+    : PainterDevice(On, {0, 0, On.width(), On.height()}, PenScale), m_bits(On.bits()),
+      m_stride(On.bytesPerLine()), m_pixelsPerInchX(On.logicalDpiX()),
+      m_pixelsPerInchY(On.logicalDpiY())
 {
     assert(On.format() == QImage::Format_RGB32);
-    SetPen(m_pen);
 }
 
 int QtDevice::BitsPerPixel() const
@@ -58,28 +53,19 @@ int QtDevice::BitsPerPixel() const
     return 32;
 }
 
-void QtDevice::SetPen(const Pen& NewPen)
+DeviceFigures QtDevice::Figures() const
 {
-    m_pen = NewPen;
-    m_penWidth = std::max(1, NewPen.Width * m_penScale);
-    m_painter.setPen(
-        QPen(QColor(ToRgb(m_pen.Ink)), m_penWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
-    const int shift = m_penWidth % 2 == 0 ? 1 : 0;
-    m_painter.setTransform(QTransform::fromTranslate(shift, shift));
-}
-
-void QtDevice::SetRasterOp(RasterOp NewOp)
-{
-    m_operation = NewOp;
-    m_painter.setCompositionMode(NewOp == RasterOp::Xor ? QPainter::RasterOp_SourceXorDestination
-                                                        : QPainter::CompositionMode_SourceOver);
+    const DeviceSize size{Bounds().Width(), Bounds().Height()};
+    return {m_pixelsPerInchX, m_pixelsPerInchY, size, size, {}};
 }
 
 QtDevice::Area QtDevice::Visible(const Area& Wanted) const
 {
-    return {std::max<std::int64_t>(Wanted.Left, 0), std::max<std::int64_t>(Wanted.Top, 0),
-        std::min<std::int64_t>(Wanted.Right, m_width),
-        std::min<std::int64_t>(Wanted.Bottom, m_height)};
+    const DeviceRect clip = CurrentClip();
+    return {std::max<std::int64_t>(Wanted.Left, clip.Left),
+        std::max<std::int64_t>(Wanted.Top, clip.Top),
+        std::min<std::int64_t>(Wanted.Right, clip.Right),
+        std::min<std::int64_t>(Wanted.Bottom, clip.Bottom)};
 }
 
 // Changed lies within the image and is not empty.
@@ -126,6 +112,12 @@ void QtDevice::Fill(const Area& Wanted, Color Ink, RasterOp How)
     }
 }
 
+void QtDevice::FillWithPen(const Area& Wanted)
+{
+    if (CurrentPen().Style != PenStyle::None)
+        Fill(Wanted, CurrentPen().Ink, CurrentRasterOp());
+}
+
 // One pixel for each step along the longer axis; the painter's own lines leave out the wrong end
 // when they run upwards.
 void QtDevice::DrawThinLine(DevicePoint From, DevicePoint To)
@@ -136,52 +128,79 @@ void QtDevice::DrawThinLine(DevicePoint From, DevicePoint To)
     const bool flat = std::abs(To.X - From.X) >= std::abs(To.Y - From.Y);
     const std::int64_t start = flat ? From.X : From.Y, end = flat ? To.X : To.Y;
     const std::int64_t side = flat ? From.Y : From.X, rise = (flat ? To.Y : To.X) - side;
-    const std::int64_t run = std::abs(end - start);
-    const std::int64_t first = std::max<std::int64_t>(std::min(start, end + 1), 0);
+    const std::int64_t run = std::abs(end - start), forward = end > start ? 1 : -1;
+    const DeviceRect clip = CurrentClip();
+    const std::int64_t first =
+        std::max<std::int64_t>(forward > 0 ? start : end + 1, flat ? clip.Left : clip.Top);
     const std::int64_t past =
-        std::min<std::int64_t>(std::max(end, start + 1), flat ? m_width : m_height);
-    if (run == 0)
+        std::min<std::int64_t>(forward > 0 ? end : start + 1, flat ? clip.Right : clip.Bottom);
+    if (run == 0 || first >= past)
         return;
+    // The quotient is kept beside what remains of it, for a division a pixel would take longer than
+    // the pixel.
+    const std::int64_t dividend = 2 * std::abs(first - start) * rise + run;
+    std::int64_t across = FloorOfQuotient(dividend, 2 * run);
+    std::int64_t rest = dividend - across * 2 * run;
+    across += side;
+    const QRgb ink = ToRgb(CurrentPen().Ink);
+    const bool isXor = CurrentRasterOp() == RasterOp::Xor;
+    const std::int64_t lowest = flat ? clip.Top : clip.Left;
+    const std::int64_t highest = (flat ? clip.Bottom : clip.Right) - 1;
+    Area touched{};
     for (std::int64_t at = first; at < past; ++at) {
-        const std::int64_t across =
-            side + FloorOfQuotient(2 * std::abs(at - start) * rise + run, 2 * run);
-        const std::int64_t x = flat ? at : across, y = flat ? across : at;
-        Fill({x, y, x + 1, y + 1}, m_pen.Ink, m_operation);
+        if (across >= lowest && across <= highest) {
+            const std::int64_t x = flat ? at : across, y = flat ? across : at;
+            QRgb& pixel = Row(y)[x];
+            pixel = isXor ? pixel ^ (ink & RGB_MASK) : ink;
+            touched = touched.Right == 0
+                ? Area{x, y, x + 1, y + 1}
+                : Area{std::min(touched.Left, x), std::min(touched.Top, y),
+                    std::max(touched.Right, x + 1), std::max(touched.Bottom, y + 1)};
+        }
+        rest += 2 * rise * forward;
+        if (rest >= 2 * run) {
+            rest -= 2 * run;
+            ++across;
+        } else if (rest < 0) {
+            rest += 2 * run;
+            --across;
+        }
     }
+    if (touched.Right > 0)
+        Touch(touched);
 }
 
 // Ticks are drawn of such lines by the ten thousand, so that they go past the painter.
 void QtDevice::DrawUprightLine(DevicePoint From, DevicePoint To)
 {
-    const std::int64_t before = (m_penWidth - 1) / 2, after = m_penWidth / 2 + 1;
+    const std::int64_t before = (PenWidth() - 1) / 2, after = PenWidth() / 2 + 1;
     const auto along = [](std::int64_t from, std::int64_t to) {
         return from < to ? std::pair(from, to) : std::pair(to + 1, from + 1);
     };
     if (From.Y == To.Y) {
         const auto [left, right] = along(From.X, To.X);
-        Fill({left, From.Y - before, right, From.Y + after}, m_pen.Ink, m_operation);
+        FillWithPen({left, From.Y - before, right, From.Y + after});
     } else {
         const auto [top, bottom] = along(From.Y, To.Y);
-        Fill({From.X - before, top, From.X + after, bottom}, m_pen.Ink, m_operation);
+        FillWithPen({From.X - before, top, From.X + after, bottom});
     }
 }
 
 void QtDevice::DrawPolyline(std::span<const DevicePoint> Points)
 {
-    if (Points.size() < 2)
+    const PenStyle style = CurrentPen().Style;
+    if (Points.size() < 2 || style == PenStyle::None)
         return;
-    if (Points.size() == 2 && (Points[0].X == Points[1].X || Points[0].Y == Points[1].Y)) {
+    const bool isUpright =
+        Points.size() == 2 && (Points[0].X == Points[1].X || Points[0].Y == Points[1].Y);
+    if (style == PenStyle::Solid && isUpright) {
         DrawUprightLine(Points[0], Points[1]);
-    } else if (m_penWidth == 1) {
+    } else if (style == PenStyle::Solid && PenWidth() == 1) {
         for (std::size_t i = 1; i < Points.size(); ++i)
             DrawThinLine(Points[i - 1], Points[i]);
     } else {
-        QPolygon polyline;
-        polyline.reserve(static_cast<qsizetype>(Points.size()));
-        for (const DevicePoint& point : Points)
-            polyline.append({point.X, point.Y});
-        m_painter.drawPolyline(polyline);
-        TouchBox(Points, m_penWidth + 1);
+        PainterDevice::DrawPolyline(Points);
+        TouchBox(Points, PenWidth() + 1);
     }
 }
 
@@ -189,10 +208,13 @@ void QtDevice::DrawPolyline(std::span<const DevicePoint> Points)
 // straight into the rows.
 void QtDevice::DrawCrosses(std::span<const DevicePoint> Centers, int Arm)
 {
-    const bool isPlain = m_penWidth == 1 && m_operation == RasterOp::Copy && Arm >= 0;
-    const int right = m_width - Arm, bottom = m_height - Arm;
+    const bool isPlain = PenWidth() == 1 && CurrentPen().Style == PenStyle::Solid
+        && CurrentRasterOp() == RasterOp::Copy && Arm >= 0;
+    const DeviceRect clip = CurrentClip();
+    const int left = clip.Left + Arm, right = clip.Right - Arm;
+    const int top = clip.Top + Arm, bottom = clip.Bottom - Arm;
     for (const DevicePoint& center : Centers) {
-        if (isPlain && center.X >= Arm && center.X < right && center.Y >= Arm && center.Y < bottom)
+        if (isPlain && center.X >= left && center.X < right && center.Y >= top && center.Y < bottom)
             DrawWholeCross(center, Arm);
         else
             Device::DrawCrosses({&center, 1}, Arm);
@@ -203,7 +225,7 @@ void QtDevice::DrawCrosses(std::span<const DevicePoint> Centers, int Arm)
 
 void QtDevice::DrawWholeCross(DevicePoint Center, int Arm)
 {
-    const QRgb ink = ToRgb(m_pen.Ink);
+    const QRgb ink = ToRgb(CurrentPen().Ink);
     QRgb* const middle = Row(Center.Y) + Center.X;
     const qsizetype below = m_stride / static_cast<qsizetype>(sizeof(QRgb));
     for (int step = -Arm; step <= Arm; ++step) {
@@ -217,12 +239,20 @@ void QtDevice::DrawEllipse(const DeviceRect& Box)
     const double width = static_cast<double>(Box.Right) - Box.Left;
     const double height = static_cast<double>(Box.Bottom) - Box.Top;
     if (width < 2 || height < 2) { // the painter draws no ellipse as thin as a line
-        Fill({Box.Left, Box.Top, Box.Right, Box.Bottom}, m_pen.Ink, m_operation);
+        FillWithPen({Box.Left, Box.Top, Box.Right, Box.Bottom});
         return;
     }
-    m_painter.drawEllipse(QRectF(Box.Left, Box.Top, width - 1, height - 1));
+    PainterDevice::DrawEllipse(Box);
     TouchBox(std::array{DevicePoint{Box.Left, Box.Top}, DevicePoint{Box.Right, Box.Bottom}},
-        m_penWidth + 1);
+        PenWidth() + 1);
+}
+
+void QtDevice::DrawPolygon(std::span<const DevicePoint> Corners)
+{
+    if (Corners.empty())
+        return;
+    PainterDevice::DrawPolygon(Corners);
+    TouchBox(Corners, PenWidth() + 1);
 }
 
 void QtDevice::FillRectangle(const DeviceRect& Box, Color Fill)
@@ -262,6 +292,15 @@ void QtDevice::DrawPicture(
             for (std::size_t x = 0; x < columns.size(); ++x)
                 to[x] = colors[from[columns[x]]];
     }
+}
+
+void QtDevice::DrawText(DevicePoint At, std::string_view Text, TextAlign Align, Color Ink)
+{
+    PainterDevice::DrawText(At, Text, Align, Ink);
+    const DeviceRect box = TextBox(At, MeasureText(Text), Align, CurrentFont().Rotation);
+    const int overhang = CurrentFont().Height / 2; // slanted letters lean out of their box
+    TouchBox(
+        std::array{DevicePoint{box.Left, box.Top}, DevicePoint{box.Right, box.Bottom}}, overhang);
 }
 
 } // namespace morvane

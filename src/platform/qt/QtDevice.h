@@ -1,37 +1,32 @@
 // The drawing surface of a window: a QImage of 32 bits a pixel, one device unit a physical pixel.
-// Nothing outside the image is touched, whatever the coordinates.
-//
-// The raster operation is the pen's: fills and pictures always replace what was there. Pens are
-// PenScale times as wide as asked for, so that lines look the same on every screen; one of even
-// width lies right of and below its coordinate by the pixel that cannot be shared out.
+// Nothing outside the image is touched, whatever the coordinates. The image's dots per meter say
+// how large a point of a text is; its pixels are written past the painter where that is faster or
+// more exact.
 #pragma once
-#include <QPainter>
+#include <QImage>
 
-#include "platform/Device.h"
+#include "platform/qt/PainterDevice.h"
 
 namespace morvane {
 
-class QtDevice final : public Device {
+class QtDevice final : public PainterDevice {
 public:
     // On must be of QImage::Format_RGB32 and must not be copied from while this lives.
     explicit QtDevice(QImage& On, int PenScale = 1);
 
     int BitsPerPixel() const override;
-    DeviceRect Bounds() const override { return {0, 0, m_width, m_height}; }
-    // Of all that lines, outlines and fills may have changed so far; empty at first.
+    DeviceFigures Figures() const override;
+    // Of all that lines, outlines, fills and texts may have changed so far; empty at first.
     DeviceRect Touched() const { return m_touched; }
-
-    Pen CurrentPen() const override { return m_pen; }
-    void SetPen(const Pen& NewPen) override;
-    RasterOp CurrentRasterOp() const override { return m_operation; }
-    void SetRasterOp(RasterOp NewOp) override;
 
     void DrawPolyline(std::span<const DevicePoint> Points) override;
     void DrawCrosses(std::span<const DevicePoint> Centers, int Arm) override;
     void DrawEllipse(const DeviceRect& Box) override;
+    void DrawPolygon(std::span<const DevicePoint> Corners) override;
     void FillRectangle(const DeviceRect& Box, Color Fill) override;
     void DrawPicture(
         const DeviceRect& Target, const PictureView& Picture, const DeviceRect& Source) override;
+    void DrawText(DevicePoint At, std::string_view Text, TextAlign Align, Color Ink) override;
 
 private:
     struct Area {
@@ -44,16 +39,12 @@ private:
     void DrawWholeCross(DevicePoint Center, int Arm);
     void DrawUprightLine(DevicePoint From, DevicePoint To);
     void Fill(const Area& Wanted, Color Ink, RasterOp How);
+    void FillWithPen(const Area& Wanted);
     QRgb* Row(std::int64_t Y) const;
 
     uchar* m_bits;
     qsizetype m_stride;
-    int m_width, m_height;
-    QPainter m_painter;
-    const int m_penScale;
-    Pen m_pen;
-    int m_penWidth = 1; // of m_pen, physical pixels
-    RasterOp m_operation = RasterOp::Copy;
+    int m_pixelsPerInchX, m_pixelsPerInchY;
     DeviceRect m_touched{};
 };
 

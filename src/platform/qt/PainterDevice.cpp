@@ -1,0 +1,182 @@
+#include "platform/qt/PainterDevice.h"
+
+#include <algorithm>
+
+namespace morvane {
+namespace {
+
+Qt::PenStyle ToQt(PenStyle style)
+{
+    switch (style) {
+    case PenStyle::Solid:
+        return Qt::SolidLine;
+    case PenStyle::Dash:
+        return Qt::DashLine;
+    case PenStyle::Dot:
+        return Qt::DotLine;
+    case PenStyle::DashDot:
+        return Qt::DashDotLine;
+    case PenStyle::None:
+        return Qt::NoPen;
+    }
+    return Qt::SolidLine;
+}
+
+// Grey at the edges, not coloured: the pictures are also copied, scaled and turned.
+QFont ToQt(const Font& of)
+{
+    QFont font(QString::fromStdString(of.FaceName));
+    font.setPixelSize(std::max(1, of.Height));
+    font.setBold(of.Bold);
+    font.setItalic(of.Italic);
+    font.setUnderline(of.Underline);
+    font.setStyleStrategy(
+        static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
+    return font;
+}
+
+QString ToQt(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QPolygon ToQt(std::span<const DevicePoint> points)
+{
+    QPolygon polygon;
+    polygon.reserve(static_cast<qsizetype>(points.size()));
+    for (const DevicePoint& point : points)
+        polygon.append({point.X, point.Y});
+    return polygon;
+}
+
+QRect ToQt(const DeviceRect& box)
+{
+    return {box.Left, box.Top, std::max(0, box.Width()), std::max(0, box.Height())};
+}
+
+int ClockwiseDegrees(TextRotation rotation)
+{
+    switch (rotation) {
+    case TextRotation::Horizontal:
+        return 0;
+    case TextRotation::Down:
+        return 90;
+    case TextRotation::Up:
+        return 270;
+    case TextRotation::UpsideDown:
+        return 180;
+    }
+    return 0;
+}
+
+} // namespace
+
+QRgb ToRgb(Color Of)
+{
+    return qRgb(Of.Red, Of.Green, Of.Blue);
+}
+
+PainterDevice::PainterDevice(QPaintDevice& On, const DeviceRect& Bounds, int PenScale)
+    : m_painter(&On), m_bounds(Bounds), m_penScale(PenScale), m_clip(Bounds),
+      m_metrics(m_painter.fontMetrics())
+{
+    PainterDevice::SetPen(m_pen);
+}
+
+void PainterDevice::SetPen(const Pen& NewPen)
+{
+    m_pen = NewPen;
+    m_penWidth = std::max(1, NewPen.Width * m_penScale);
+    m_painter.setPen(
+        QPen(QColor(ToRgb(m_pen.Ink)), m_penWidth, ToQt(m_pen.Style), Qt::FlatCap, Qt::MiterJoin));
+    const int shift = m_penWidth % 2 == 0 ? 1 : 0;
+    m_painter.setTransform(QTransform::fromTranslate(shift, shift));
+}
+
+void PainterDevice::SetRasterOp(RasterOp NewOp)
+{
+    m_operation = NewOp;
+    m_painter.setCompositionMode(NewOp == RasterOp::Xor ? QPainter::RasterOp_SourceXorDestination
+                                                        : QPainter::CompositionMode_SourceOver);
+}
+
+void PainterDevice::SetBrush(std::optional<Color> NewBrush)
+{
+    m_brush = NewBrush;
+    m_painter.setBrush(NewBrush ? QBrush(QColor(ToRgb(*NewBrush))) : QBrush(Qt::NoBrush));
+}
+
+void PainterDevice::SetClip(const DeviceRect& NewClip)
+{
+    m_clip = {std::max(NewClip.Left, m_bounds.Left), std::max(NewClip.Top, m_bounds.Top),
+        std::min(NewClip.Right, m_bounds.Right), std::min(NewClip.Bottom, m_bounds.Bottom)};
+    const QTransform before = m_painter.transform();
+    m_painter.resetTransform();
+    m_painter.setClipRect(ToQt(m_clip));
+    m_painter.setTransform(before);
+}
+
+void PainterDevice::DrawPolyline(std::span<const DevicePoint> Points)
+{
+    m_painter.drawPolyline(ToQt(Points));
+}
+
+void PainterDevice::DrawEllipse(const DeviceRect& Box)
+{
+    const double width = static_cast<double>(Box.Right) - Box.Left;
+    const double height = static_cast<double>(Box.Bottom) - Box.Top;
+    m_painter.drawEllipse(QRectF(Box.Left, Box.Top, width - 1, height - 1));
+}
+
+void PainterDevice::DrawPolygon(std::span<const DevicePoint> Corners)
+{
+    m_painter.drawPolygon(ToQt(Corners));
+}
+
+void PainterDevice::FillRectangle(const DeviceRect& Box, Color Fill)
+{
+    m_painter.save();
+    m_painter.resetTransform();
+    m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    m_painter.fillRect(ToQt(Box), QColor(ToRgb(Fill)));
+    m_painter.restore();
+}
+
+const QFontMetrics& PainterDevice::Metrics() const
+{
+    if (m_painterFont != m_font) {
+        m_painterFont = m_font;
+        m_painter.setFont(ToQt(m_font));
+        m_metrics = m_painter.fontMetrics();
+    }
+    return m_metrics;
+}
+
+DeviceSize PainterDevice::MeasureText(std::string_view Text) const
+{
+    return {Metrics().horizontalAdvance(ToQt(Text)), Metrics().height()};
+}
+
+int PainterDevice::AverageCharacterWidth() const
+{
+    return Metrics().averageCharWidth();
+}
+
+void PainterDevice::DrawText(DevicePoint At, std::string_view Text, TextAlign Align, Color Ink)
+{
+    const QFontMetrics& metrics = Metrics();
+    const QString text = ToQt(Text);
+    // The box as the reader of the text sees it, from the point on.
+    const DeviceSize extent{
+        Align.Across == TextAcross::Left ? 0 : metrics.horizontalAdvance(text), metrics.height()};
+    const DeviceRect box = TextBox({}, extent, Align, TextRotation::Horizontal);
+    m_painter.save();
+    m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    m_painter.setPen(QColor(ToRgb(Ink)));
+    m_painter.setTransform(QTransform::fromTranslate(At.X, At.Y));
+    m_painter.rotate(ClockwiseDegrees(m_font.Rotation));
+    m_painter.drawText(box.Left, box.Top + metrics.ascent(), text);
+    m_painter.restore();
+}
+
+} // namespace morvane

@@ -1,0 +1,62 @@
+// What all surfaces of a QPainter share, whatever they paint on and at what resolution: the state,
+// texts, and shapes. Lines are never smoothed, texts always are.
+//
+// The raster operation is the pen's: fills, pictures and texts always replace what was there. Pens
+// are PenScale times as wide as asked for, so that lines look the same on every screen and page;
+// one of even width lies right of and below its coordinate by the pixel that cannot be shared out.
+#pragma once
+#include <QPainter>
+
+#include "platform/Device.h"
+
+namespace morvane {
+
+QRgb ToRgb(Color Of);
+
+class PainterDevice : public Device {
+public:
+    DeviceRect Bounds() const override { return m_bounds; }
+
+    Pen CurrentPen() const override { return m_pen; }
+    void SetPen(const Pen& NewPen) override;
+    RasterOp CurrentRasterOp() const override { return m_operation; }
+    void SetRasterOp(RasterOp NewOp) override;
+    std::optional<Color> CurrentBrush() const override { return m_brush; }
+    void SetBrush(std::optional<Color> NewBrush) override;
+    Font CurrentFont() const override { return m_font; }
+    void SetFont(const Font& NewFont) override { m_font = NewFont; }
+    DeviceRect CurrentClip() const override { return m_clip; }
+    void SetClip(const DeviceRect& NewClip) override;
+
+    void DrawPolyline(std::span<const DevicePoint> Points) override;
+    void DrawEllipse(const DeviceRect& Box) override;
+    void DrawPolygon(std::span<const DevicePoint> Corners) override;
+    void FillRectangle(const DeviceRect& Box, Color Fill) override;
+
+    DeviceSize MeasureText(std::string_view Text) const override;
+    int AverageCharacterWidth() const override;
+    void DrawText(DevicePoint At, std::string_view Text, TextAlign Align, Color Ink) override;
+
+protected:
+    PainterDevice(QPaintDevice& On, const DeviceRect& Bounds, int PenScale);
+
+    int PenWidth() const { return m_penWidth; } // physical pixels
+    QPainter& Painter() { return m_painter; }
+
+private:
+    const QFontMetrics& Metrics() const;
+
+    mutable QPainter m_painter; // its font is taken over when it is needed
+    const DeviceRect m_bounds;
+    const int m_penScale;
+    Pen m_pen;
+    int m_penWidth = 1;
+    RasterOp m_operation = RasterOp::Copy;
+    std::optional<Color> m_brush;
+    Font m_font;
+    DeviceRect m_clip;
+    mutable std::optional<Font> m_painterFont;
+    mutable QFontMetrics m_metrics;
+};
+
+} // namespace morvane
