@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "analysis/ModMathLib.h"
 #include "platform/Numbers.h"
@@ -395,12 +396,10 @@ void MouseTools::Release(MouseButton Button, int Shift)
 {
     if (Button != MouseButton::Left)
         return;
-    if (m_box.PopupActive) {
-        m_box.PopupActive = false;
-        return;
-    }
     m_pan.reset();
-    if (EndDrag() || !m_editMode || !IsLive() || Shift != 0)
+    const bool wasDragging = EndDrag();
+    const bool endsPopup = std::exchange(m_box.PopupActive, false);
+    if (wasDragging || endsPopup || !m_editMode || !IsLive() || Shift != 0)
         return;
     ClosePolygon();
     if (m_numClicks >= m_clicksNeeded)
