@@ -142,6 +142,32 @@ TEST_F(ImagePainterTest, BlackBeginsInsideTheLastColumnAndRow)
     }
 }
 
+// The range of a bar is rounded: what of the client lies beyond the picture must not keep what an
+// earlier paint has left there.
+TEST_F(ImagePainterTest, EveryPixelIsDrawnWhenScrolledToTheEnd)
+{
+    ShowPicture(100, {1651, 1207});
+    for (const int percent : ZoomLevels)
+        for (const double density : {1.0, 1.25, 1.5, 2.0}) {
+            desk.View.SetZoomPercent(percent);
+            desk.View.Layout(ClientRect.Right, ClientRect.Bottom, density, {1651, 1207});
+            desk.View.ScrollTo(5000, 5000);
+            const std::vector<DeviceCall> calls = Paint();
+            const DeviceCall& picture = calls[0];
+            const bool isReduced = desk.View.IsReduced();
+            const auto lastShown = [](int client, int box, int source) {
+                return (client - 1) * source / box;
+            };
+            const int column = picture.Source.Left
+                + lastShown(ClientRect.Right, picture.Box.Width(), picture.Source.Width());
+            const int row = picture.Source.Top
+                + lastShown(ClientRect.Bottom, picture.Box.Height(), picture.Source.Height());
+            std::size_t strips = column >= (isReduced ? desk.View.ZoomedWidth() : 1651);
+            strips += row >= (isReduced ? desk.View.ZoomedHeight() : 1207);
+            EXPECT_EQ(calls.size(), 1 + strips) << percent << "% at " << density;
+        }
+}
+
 TEST_F(ImagePainterTest, WithoutAPictureTheOverlaysStay)
 {
     SetCircle(desk.Document.Aperture, 150, 150, 100);
