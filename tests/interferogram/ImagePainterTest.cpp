@@ -177,21 +177,5 @@ TEST_F(ImagePainterTest, WithoutAPictureTheOverlaysStay)
     EXPECT_EQ(calls[0].Fill, Empty);
 }
 
-TEST_F(ImagePainterTest, CrossesHaveTheirSizeForTheEye)
-{
-    for (const auto& [density, arm] : {std::pair{1.0, 3}, {2.0, 6}}) {
-        painter.SetDensity(density);
-        ClientDevice device;
-        painter.DrawClickMark(device, {50, 60});
-        ASSERT_EQ(device.Calls.size(), 2u);
-        EXPECT_EQ(
-            device.Calls[0].Points, (std::vector<DevicePoint>{{50 - arm, 60}, {50 + arm + 1, 60}}));
-        EXPECT_EQ(
-            device.Calls[1].Points, (std::vector<DevicePoint>{{50, 60 - arm}, {50, 60 + arm + 1}}));
-        EXPECT_EQ(device.Calls[0].With, (Pen{White, 1}));
-        EXPECT_EQ(device.Calls[0].Op, RasterOp::Copy);
-    }
-}
-
 } // namespace
 } // namespace morvane

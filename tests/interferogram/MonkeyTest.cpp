@@ -23,17 +23,19 @@ public:
     void Step()
     {
         const int kind = Pick(100);
-        if (kind < 30)
-            m_desk.Tools.Move(X(), Y(), Pick(3) > 0, Keys());
-        else if (kind < 50)
-            m_desk.Tools.Press(Pick(20) ? MouseButton::Left : MouseButton::Right, X(), Y(), Keys());
+        const Point at = Place();
+        if (kind < 48)
+            m_desk.Tools.Move(at.X, at.Y, Pick(4) > 0, Keys());
         else if (kind < 70)
+            m_desk.Tools.Press(
+                Pick(20) ? MouseButton::Left : MouseButton::Right, at.X, at.Y, Keys());
+        else if (kind < 85)
             Release();
-        else if (kind < 76)
+        else if (kind < 88)
             m_desk.Tools.KeysChanged(Keys());
-        else if (kind < 80)
+        else if (kind < 90)
             m_desk.Tools.SpaceKey(Keys());
-        else if (kind < 93)
+        else if (kind < 96)
             Command();
         else
             World();
@@ -61,10 +63,37 @@ public:
 
 private:
     int Pick(int count) { return static_cast<int>(m_random() % static_cast<unsigned>(count)); }
-    // The right places come up often enough to be hit: every tenth pixel, and a little more.
-    double X() { return Pick(46) * 10 - 30 + Pick(3) * 0.4; }
-    double Y() { return Pick(36) * 10 - 30 + Pick(3) * 0.4; }
-    int Keys() { return Pick(3) ? 0 : Pick(8); }
+    int Order() { return Pick(3) ? 1 + Pick(8) : Pick(205) - 2; }
+    // Anywhere, and as often where there is something to take hold of.
+    Point Place()
+    {
+        const clsDocument& document = m_desk.Document;
+        const clsShape& shape = Pick(2) ? document.Aperture : document.Obstruction;
+        const auto clicks = m_desk.Tools.Clicks();
+        Point at{Pick(460) - 30.0, Pick(360) - 30.0};
+        switch (Pick(10)) {
+        case 0:
+            at = {shape.GetCenter().X + shape.GetRadii().X, shape.GetCenter().Y};
+            break;
+        case 1:
+            at = shape.GetVertex(1 + Pick(5));
+            break;
+        case 2:
+            at = document.Grid.GetVertex(Pick(4));
+            break;
+        case 3:
+            at = m_desk.Tick(document.Fringes.GetFringeOrder(1), 1 + Pick(3));
+            break;
+        case 4:
+            at = clicks.empty() ? at : clicks.front();
+            break;
+        default:
+            return at;
+        }
+        const DevicePoint client = m_desk.View.Mapping().ToDevice(at.X, at.Y);
+        return {client.X + Pick(3) - 1.0, client.Y + Pick(3) - 1.0};
+    }
+    int Keys() { return Pick(5) ? m_keys : m_keys = Pick(2) ? 0 : Pick(8); }
     ShapeRole Role() { return Pick(2) ? ShapeRole::Aperture : ShapeRole::Obstruction; }
 
     void Release()
@@ -101,17 +130,17 @@ private:
             tools.StopDrawingObject();
             break;
         case 4:
-            tools.InsertFringe(Pick(205) - 2);
+            tools.InsertFringe(Order());
             break;
         case 5:
-            tools.DeleteFringe(Pick(205) - 2);
+            tools.DeleteFringe(Order());
             break;
         case 6:
         case 7:
-            tools.RenumberFringe(Pick(205) - 2, Pick(205) - 2);
+            tools.RenumberFringe(Order(), Order());
             break;
         case 8:
-            tools.SaveFringe(Pick(205) - 2);
+            tools.SaveFringe(Order());
             break;
         case 9:
             tools.DeleteHoverCenter();
@@ -139,8 +168,7 @@ private:
         case 2: // behind the back of the tools
             document.Fringes.DeleteAll();
             for (int count = Pick(30); count > 0; --count)
-                document.Fringes.InsertOrder(
-                    1 + Pick(MaxFringes), std::vector<Point>(1 + Pick(5), Point{X(), Y()}));
+                document.Fringes.InsertOrder(Order(), std::vector<Point>(1 + Pick(5), Place()));
             if (Pick(10) == 0)
                 document.Fringes.InsertOrder(1, std::vector<Point>(MaxTicks - 1));
             break;
@@ -195,6 +223,7 @@ private:
     ToolDesk m_desk;
     RasterSize m_client = ToolDesk::Client;
     double m_density = 1;
+    int m_keys = 0;
     std::size_t m_clicksNeeded = 1;
 };
 

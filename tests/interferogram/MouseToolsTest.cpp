@@ -61,6 +61,11 @@ TEST(MouseToolsDrawing, CircleAndEllipseEndWithTheirLastClick)
     EXPECT_EQ(desk.Document.Obstruction.GetShapeType(), ShapeKind::Ellipse);
     EXPECT_NEAR(desk.Document.Obstruction.GetRadii().X, 50, Rounding);
     EXPECT_NEAR(desk.Document.Obstruction.GetRadii().Y, 20, Rounding);
+
+    desk.Tools.StartShape(ShapeRole::Aperture, ShapeKind::Circle);
+    desk.Click(std::vector<Point>(4, Point{100, 100}));
+    EXPECT_EQ(desk.Document.Aperture.GetShapeType(), ShapeKind::None) << "no figure";
+    EXPECT_EQ(desk.Tools.Target(), DrawTarget::FringeCenters) << "ends all the same";
 }
 
 TEST(MouseToolsDrawing, APolygonClosesNearItsFirstPoint)
@@ -130,15 +135,6 @@ TEST(MouseToolsDrawing, ClicksReleasedWithAKeyDownWaitForTheNext)
     EXPECT_EQ(desk.Marks.size(), 50u);
     desk.Click({10, 10});
     EXPECT_EQ(desk.Document.Aperture.GetShapeType(), ShapeKind::Circle) << "passed, not reached";
-    EXPECT_EQ(desk.Tools.Target(), DrawTarget::FringeCenters);
-}
-
-TEST(MouseToolsDrawing, ClicksThatMakeNoFigureEndTheDrawing)
-{
-    ToolDesk desk;
-    desk.Tools.StartShape(ShapeRole::Aperture, ShapeKind::Circle);
-    desk.Click(std::vector<Point>(4, Point{100, 100}));
-    EXPECT_EQ(desk.Document.Aperture.GetShapeType(), ShapeKind::None);
     EXPECT_EQ(desk.Tools.Target(), DrawTarget::FringeCenters);
 }
 
@@ -271,7 +267,7 @@ TEST(MouseToolsCenters, ADragOffThePictureDeletes)
     EXPECT_EQ(desk.NumTicks(5), 1);
     EXPECT_TRUE(desk.Tools.Clicks().empty());
 
-    for (const Point off : {Point{379, -32}, {379, 481}, {-260, 80}}) {
+    for (const Point off : {Point{380, -1}, {380, 480}, {-241, 80}}) {
         desk.Document.Fringes.DeleteAll();
         desk.Document.Fringes.InsertOrder(5, std::vector<Point>{{620, 80}});
         desk.Down(380, 80);
@@ -450,7 +446,6 @@ TEST(MouseToolsDrag, VerticesAndCornersResize)
     desk.Down(300, 200, ShiftKey);
     desk.Drag(320, 220, ShiftKey);
     EXPECT_EQ(grid.GetVertex(2), (Point{340, 260}));
-    EXPECT_TRUE(desk.Document.AnalysisValid == false) << "since the polygon";
 }
 
 // --- Hand
@@ -594,8 +589,10 @@ TEST(MouseToolsKeys, ChangePointerAndHintWithTheMouseStill)
     desk.Tools.KeysChanged(ControlKey);
     EXPECT_EQ(desk.Pointer, PointerShape::ResizeShape) << "kept";
     EXPECT_EQ(desk.Hint, "Drag mouse to resize aperture.");
+    desk.Tools.KeysChanged(Both);
+    EXPECT_EQ(desk.Pointer, PointerShape::MoveShapeOrtho);
     desk.Pointer.reset();
-    desk.Tools.KeysChanged(ControlKey);
+    desk.Tools.KeysChanged(Both);
     EXPECT_FALSE(desk.Pointer) << "only changes count";
     desk.Hover(10, 10);
     EXPECT_EQ(desk.Pointer, PointerShape::Default);
