@@ -91,7 +91,7 @@ private:
             return at;
         }
         const DevicePoint client = m_desk.View.Mapping().ToDevice(at.X, at.Y);
-        return {client.X + Pick(3) - 1.0, client.Y + Pick(3) - 1.0};
+        return {Pick(3) - 1.0 + client.X, Pick(3) - 1.0 + client.Y};
     }
     int Keys() { return Pick(5) ? m_keys : m_keys = Pick(2) ? 0 : Pick(8); }
     ShapeRole Role() { return Pick(2) ? ShapeRole::Aperture : ShapeRole::Obstruction; }
