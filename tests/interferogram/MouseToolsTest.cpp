@@ -419,6 +419,42 @@ TEST(MouseToolsDrag, KeysBeginANewPhaseAtTheLastPosition)
     EXPECT_EQ(desk.Changes, 1);
 }
 
+TEST(MouseToolsDrag, ANewPhaseDecidesItsAxisAnew)
+{
+    ToolDesk desk;
+    FillDesk(desk);
+    const clsShape& circle = desk.Document.Aperture;
+    desk.Down(130, 100, ShiftKey);
+    desk.Drag(140, 100, ShiftKey);
+    EXPECT_EQ(circle.GetRadii(), (Point{35, 30}));
+    desk.Drag(200, 150, Both); // level: the center is at (165, 100) then, the mouse below it
+    desk.Drag(200, 160, ShiftKey);
+    EXPECT_EQ(circle.GetRadii(), (Point{35, 35}));
+    EXPECT_EQ(circle.GetCenter(), (Point{165, 105}));
+}
+
+TEST(MouseToolsDrag, TakesTheFirstOfSeveralObjects)
+{
+    ToolDesk desk;
+    desk.Document.Fringes.InsertOrder(5, std::vector<Point>{{130, 100}});
+    SetCircle(desk.Document.Aperture, 100, 100, 30);
+    SetCircle(desk.Document.Obstruction, 100, 100, 30);
+    desk.Document.Grid.SetBounds(130, 100, 380, 280);
+    const auto taken = [&desk] {
+        desk.Down(130, 100);
+        const ObjectType type = desk.Tools.Selected().Type;
+        desk.Up();
+        return type;
+    };
+    EXPECT_EQ(taken(), ObjectType::FringeCenter);
+    desk.Document.Fringes.DeleteAll();
+    EXPECT_EQ(taken(), ObjectType::Aperture);
+    desk.Document.Aperture.Delete();
+    EXPECT_EQ(taken(), ObjectType::Obstruction);
+    desk.Document.Obstruction.Delete();
+    EXPECT_EQ(taken(), ObjectType::Grid);
+}
+
 TEST(MouseToolsDrag, VerticesAndCornersResize)
 {
     ToolDesk desk;

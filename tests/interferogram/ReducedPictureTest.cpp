@@ -53,6 +53,8 @@ TEST(ReducedPicture, RowsMadeLaterAreTheSame)
     const RasterSize full{101, 77}, size{49, 37};
     const auto pixels = Noise(full);
     ReducedPicture whole, lazy;
+    lazy.Prepare(std::vector<std::uint8_t>(pixels.size()), full, size);
+    lazy.MakeRows(std::vector<std::uint8_t>(pixels.size()), 0, 20); // of another picture
     whole.Prepare(pixels, full, size);
     whole.MakeRows(pixels, 0, size.Height);
     lazy.Prepare(pixels, full, size);
