@@ -16,17 +16,19 @@ struct GridLines {
 
     // Calls Draw with the device position of each line between Low and High, once for each: from
     // First in whole steps, and one at Last if the steps stop short of it. Steps of less than a
-    // pixel hit every position.
+    // pixel hit every position, which is walked from a whole one: halves rounded to even would
+    // leave out every other.
     template <typename DrawLine>
     void ForEach(int low, int high, DrawLine draw) const
     {
         constexpr double shortfall = 1e-9; // of a step, by rounding
         const double step = std::max(Step, 1.0);
-        const double from = std::max(0.0, std::floor((low - First) / step));
-        const double to = (std::min(Last, static_cast<double>(high)) - First) / step + shortfall;
+        const double first = Step < 1 ? std::nearbyint(First) : First;
+        const double from = std::max(0.0, std::floor((low - first) / step));
+        const double to = (std::min(Last, static_cast<double>(high)) - first) / step + shortfall;
         std::optional<int> before;
         for (double i = from; i <= to; ++i) {
-            const int at = RoundToLong(First + i * step);
+            const int at = RoundToLong(first + i * step);
             if (at != before)
                 draw(at);
             before = at;

@@ -13,22 +13,10 @@ double Fold(double angle)
     return size <= Pi / 2 ? size : Pi - size;
 }
 
-// Signs of the steps of radius and center for a drag outwards; y of the image runs down.
-struct Signs {
-    double X, Y;
-};
-
-// By the quadrant of Start about the center.
-Signs OutwardSigns(double bearing)
+// The part of a step that runs along a direction of length 1.
+double Along(Point step, Point direction)
 {
-    const double x = std::abs(bearing) <= Pi / 2 ? 1 : -1;
-    return {x, bearing >= 0 ? -1.0 : 1.0};
-}
-
-// The bearing of Q about P with y up.
-double BearingOf(Point of, Point about)
-{
-    return std::atan2(about.Y - of.Y, of.X - about.X);
+    return step.X * direction.X + step.Y * direction.Y;
 }
 
 } // namespace
@@ -66,22 +54,19 @@ RoundFigure ResizedEllipse(const RoundFigure& Before, Point Start, Point At, Res
     if (Axis == ResizeAxis::Undecided)
         Axis = Fold(SlopeAngle(Start, center) - angle) <= Pi / 4 ? ResizeAxis::X : ResizeAxis::Y;
     const bool isX = Axis == ResizeAxis::X;
-    const Point step{At.X - Start.X, At.Y - Start.Y};
-    const double fold = Fold(SlopeAngle(At, Start) - angle);
-    const double share = isX ? std::abs(std::cos(fold)) : std::abs(std::sin(fold));
-    const double radial = share * VectorLength(At, Start) / 2;
-    const double cosA = std::abs(std::cos(angle)), sinA = std::abs(std::sin(angle));
-    const double c = isX ? cosA : sinA, s = isX ? sinA : cosA;
-
-    const Signs out = OutwardSigns(BearingOf(Start, center));
-    const bool isOutwards = out.X * c * step.X + out.Y * s * step.Y >= 0;
-    const double sign = isOutwards ? 1 : -1;
+    const Point axis =
+        isX ? Point{std::cos(angle), -std::sin(angle)} : Point{std::sin(angle), std::cos(angle)};
+    // Towards the end of the axis on whose side the figure was grabbed; between both to the right
+    // or up.
+    const double reach = Along({Start.X - center.X, Start.Y - center.Y}, axis);
+    const double side = reach > 0 || (isX && reach == 0) ? 1 : -1;
+    const double half = Along({At.X - Start.X, At.Y - Start.Y}, axis) / 2;
     RoundFigure after{center, {}, angle};
     // A side dragged across the center turns the figure inside out, not its axis around.
     (isX ? after.Radii.X : after.Radii.Y) =
-        std::abs((isX ? Before.Radii.X : Before.Radii.Y) + sign * radial);
-    after.Center.X += sign * out.X * c * radial;
-    after.Center.Y += sign * out.Y * s * radial;
+        std::abs((isX ? Before.Radii.X : Before.Radii.Y) + side * half);
+    after.Center.X += axis.X * half;
+    after.Center.Y += axis.Y * half;
     return after;
 }
 

@@ -1,5 +1,6 @@
 #include "interferogram/ImagePainter.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/Numbers.h"
@@ -34,22 +35,19 @@ void ImagePainter::Paint(Device& On, const MouseTools& With)
 
 void ImagePainter::DrawPicture(Device& On)
 {
-    if (m_viewport.IsReduced()) {
-        DrawReduced(On);
-    } else {
+    if (!m_viewport.IsReduced())
         m_reduced.Clear();
-        DrawFull(On);
-    }
-    const int width = m_viewport.ZoomedWidth(), height = m_viewport.ZoomedHeight();
+    // Also when scrolled to the end, where the range of a bar is rounded.
+    const DevicePoint end = m_viewport.IsReduced() ? DrawReduced(On) : DrawFull(On);
     const DeviceRect client = On.Bounds();
-    if (width < client.Right)
-        On.FillRectangle({width, 0, client.Right, client.Bottom}, Black);
-    if (height < client.Bottom)
-        On.FillRectangle({0, height, client.Right, client.Bottom}, Black);
+    if (end.X < client.Right)
+        On.FillRectangle({end.X, 0, client.Right, client.Bottom}, Black);
+    if (end.Y < client.Bottom)
+        On.FillRectangle({0, end.Y, client.Right, client.Bottom}, Black);
 }
 
 // In whole steps of the zoom: ZoomNum device pixels show ZoomDen of the picture.
-void ImagePainter::DrawFull(Device& On) const
+DevicePoint ImagePainter::DrawFull(Device& On) const
 {
     const ImageBuffer& image = m_document.Image();
     const int num = m_viewport.ZoomNum(), den = m_viewport.ZoomDen();
@@ -59,9 +57,14 @@ void ImagePainter::DrawFull(Device& On) const
     On.DrawPicture({0, 0, across * num, down * num},
         {image.Pixels, image.Size.Width, image.Size.Height, &m_palette},
         {left, top, left + across * den, top + down * den});
+    const auto devicePixels = [num, den](int imagePixels) {
+        return static_cast<int>((std::int64_t{imagePixels} * num + den - 1) / den);
+    };
+    return {std::min(m_viewport.ZoomedWidth(), devicePixels(image.Size.Width - left)),
+        std::min(m_viewport.ZoomedHeight(), devicePixels(image.Size.Height - top))};
 }
 
-void ImagePainter::DrawReduced(Device& On)
+DevicePoint ImagePainter::DrawReduced(Device& On)
 {
     const ImageBuffer& image = m_document.Image();
     const RasterSize size{m_viewport.ZoomedWidth(), m_viewport.ZoomedHeight()};
@@ -74,6 +77,7 @@ void ImagePainter::DrawReduced(Device& On)
     m_reduced.MakeRows(image.Pixels, top, top + client.Bottom);
     On.DrawPicture(client, {m_reduced.Pixels(), size.Width, size.Height, &m_palette},
         {left, top, left + client.Right, top + client.Bottom});
+    return {size.Width - left, size.Height - top};
 }
 
 void ImagePainter::DrawOverlays(Device& On, const MouseTools& With) const

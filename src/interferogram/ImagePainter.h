@@ -29,8 +29,9 @@ public:
 
 private:
     void DrawPicture(Device& On);
-    void DrawFull(Device& On) const;
-    void DrawReduced(Device& On);
+    // Both tell where the picture ends on the device.
+    DevicePoint DrawFull(Device& On) const;
+    DevicePoint DrawReduced(Device& On);
     void DrawOverlays(Device& On, const MouseTools& With) const;
     TickStyle StyleOf(RasterOp Op) const;
 

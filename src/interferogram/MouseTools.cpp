@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "analysis/ModMathLib.h"
 #include "platform/Numbers.h"
@@ -368,7 +369,9 @@ void MouseTools::ResizeObject(Point At)
     clsShape& shape = ShapeOf(m_selected.Type);
     ChangeSelected([&] {
         if (m_selected.Part == ObjectPart::Vertex) {
-            shape.Resize({VectorLength(At, m_saved.Center), NoPoint}, m_selected.Vertex);
+            // A polygon of no size could never be made larger again.
+            if (At != m_saved.Center)
+                shape.Resize({VectorLength(At, m_saved.Center), NoPoint}, m_selected.Vertex);
         } else {
             const RoundFigure to = m_selected.Part == ObjectPart::CircleOutline
                 ? ResizedCircle(m_saved.Round, m_dragStart, At, m_resizeAxis)
@@ -395,12 +398,10 @@ void MouseTools::Release(MouseButton Button, int Shift)
 {
     if (Button != MouseButton::Left)
         return;
-    if (m_box.PopupActive) {
-        m_box.PopupActive = false;
-        return;
-    }
     m_pan.reset();
-    if (EndDrag() || !m_editMode || !IsLive() || Shift != 0)
+    const bool wasDragging = EndDrag();
+    const bool endsPopup = std::exchange(m_box.PopupActive, false);
+    if (wasDragging || endsPopup || !m_editMode || !IsLive() || Shift != 0)
         return;
     ClosePolygon();
     if (m_numClicks >= m_clicksNeeded)
@@ -472,7 +473,6 @@ void MouseTools::StartShape(ShapeRole Role, ShapeKind Kind)
     StartDrawing(isAperture ? DrawTarget::Aperture : DrawTarget::Obstruction, Kind, ClicksOf(Kind));
     (isAperture ? m_document.Aperture : m_document.Obstruction).Delete();
     ShapeChanged();
-    m_box.SetControls(Controls());
     m_host.Repaint();
 }
 
@@ -480,6 +480,7 @@ void MouseTools::StartShape(ShapeRole Role, ShapeKind Kind)
 void MouseTools::StartGrid()
 {
     StartDrawing(DrawTarget::Grid, ShapeKind::Polygon, ClicksOfGrid);
+    m_host.ShowPointer(PointerShape::AddShape); // until it is over something
     m_host.Repaint();
 }
 
@@ -491,6 +492,7 @@ void MouseTools::StartDrawing(DrawTarget Target, ShapeKind Kind, std::size_t Cli
     m_target = Target;
     m_drawShapeType = Kind;
     m_clicksNeeded = ClicksNeeded;
+    m_box.SetControls(Controls());
     ChangeMouseIcon(0);
 }
 
@@ -532,7 +534,8 @@ ToolControls MouseTools::Controls() const
 
 void MouseTools::SaveFringe(int Order)
 {
-    if (m_numClicks == 0)
+    // The clicks of a figure are its own, whatever happens to the orders meanwhile.
+    if (m_numClicks == 0 || m_target != DrawTarget::FringeCenters)
         return;
     const int before = m_document.Fringes.TotalNumTicks();
     int index = m_document.Fringes.GetFringeIndex(Order);
