@@ -93,9 +93,10 @@ void clsChart2D::ChartRedraw(Device& On) const
 void clsChart2D::DrawPlotFrame(Device& On) const
 {
     const clsPenScope pen(On, {});
+    const clsBrushScope hollow(On, std::nullopt);
     const auto [left, top, right, bottom] = m_layout.Plot;
-    On.DrawPolyline(std::array{DevicePoint{left, top}, DevicePoint{right - 1, top},
-        DevicePoint{right - 1, bottom - 1}, DevicePoint{left, bottom - 1}, DevicePoint{left, top}});
+    On.DrawPolygon(std::array{DevicePoint{left, top}, DevicePoint{right - 1, top},
+        DevicePoint{right - 1, bottom - 1}, DevicePoint{left, bottom - 1}});
 }
 
 // Where the axis across it has its AxisAt.
