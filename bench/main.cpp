@@ -41,6 +41,7 @@ constexpr Figure figures[] = {
     {"HoverMove", AnyRatio, 1},
     {"DragTick", AnyRatio, 2},
     {"DragShape", AnyRatio, 2},
+    {"ChartRepaint", 1.5}, // the same lines and texts through a bare painter
 };
 
 constexpr double NotMeasured = std::numeric_limits<double>::infinity();
