@@ -132,8 +132,7 @@ public:
     // reader sees it, whatever the rotation; its height is that of a line.
     virtual DeviceSize MeasureText(std::string_view Text) const = 0;
     virtual int AverageCharacterWidth() const = 0;
-    virtual void DrawText(
-        DevicePoint At, std::string_view Text, TextAlign Align = {}, Color Ink = Black) = 0;
+    virtual void DrawText(DevicePoint At, std::string_view Text, TextAlign Align, Color Ink) = 0;
 
 protected:
     Device() = default;

@@ -21,6 +21,7 @@
 #include "shell/qt/Screens.h"
 #include "shell/qt/WindowPlaces.h"
 #include "shell/qt/WorkArea.h"
+#include "views/frmLineProfile.h"
 #include "views/frmText.h"
 
 namespace morvane {
@@ -119,11 +120,17 @@ void frmMain::OpenQueued(std::vector<std::string> Paths)
         Qt::QueuedConnection);
 }
 
+template <typename Window>
+std::unique_ptr<Window> frmMain::AddWindow(std::unique_ptr<Window> Added)
+{
+    m_area->addSubWindow(Added.get());
+    Added->hide();
+    return Added;
+}
+
 std::unique_ptr<ImageWindow> frmMain::CreateImageWindow(clsDocument& Of)
 {
-    auto window = std::make_unique<frmImage>(Of, *m_session);
-    m_area->addSubWindow(window.get());
-    window->hide();
+    auto window = AddWindow(std::make_unique<frmImage>(Of, *m_session));
     // Without the tool bar nobody would see why the mouse does not edit.
     window->Tools().SetEditMode(m_session->Tools.EditMode || m_toolBar->isHidden());
     return window;
@@ -131,10 +138,12 @@ std::unique_ptr<ImageWindow> frmMain::CreateImageWindow(clsDocument& Of)
 
 std::unique_ptr<TextWindow> frmMain::CreateTextWindow(clsDocument& Of, ViewType Kind)
 {
-    auto window = std::make_unique<frmText>(Of, Kind, *m_session);
-    m_area->addSubWindow(window.get());
-    window->hide();
-    return window;
+    return AddWindow(std::make_unique<frmText>(Of, Kind, *m_session));
+}
+
+std::unique_ptr<ProfileWindow> frmMain::CreateProfileWindow(clsDocument& Of)
+{
+    return AddWindow(std::make_unique<frmLineProfile>(Of, *m_session));
 }
 
 void frmMain::UpdateMainFrame()

@@ -35,6 +35,7 @@ public:
 
     std::unique_ptr<ImageWindow> CreateImageWindow(clsDocument& Of) override;
     std::unique_ptr<TextWindow> CreateTextWindow(clsDocument& Of, ViewType Kind) override;
+    std::unique_ptr<ProfileWindow> CreateProfileWindow(clsDocument& Of) override;
     void UpdateMainFrame() override;
     void SetHourglass(bool Shown) override;
     void ShowHint(const std::string& Hint) override;
@@ -52,6 +53,8 @@ protected:
     void dropEvent(QDropEvent* Event) override;
 
 private:
+    template <typename Window>
+    std::unique_ptr<Window> AddWindow(std::unique_ptr<Window> Added);
     using Action = std::function<void()>;
 
     void ReadSettings();

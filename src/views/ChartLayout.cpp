@@ -53,12 +53,18 @@ LabelStand StandOf(int axis, TextRotation rotation)
 // How far labels stand off the plot area.
 int TickRoom(const ChartAxis& axis, TickLengths ticks)
 {
-    const auto isOutside = [](TickStyle style) {
-        return style == TickStyle::Outside || style == TickStyle::Both;
+    const auto isOutside = [](TickMarkStyle style) {
+        return style == TickMarkStyle::Outside || style == TickMarkStyle::Both;
     };
     if (isOutside(axis.MajorTicks))
         return ticks.Major;
     return isOutside(axis.MinorTicks) ? ticks.Minor : 0;
+}
+
+// What is one pixel on the screen, as much longer as the ticks are.
+int Unit(TickLengths ticks)
+{
+    return std::max(1, RoundToLong(static_cast<double>(ticks.Major) / TickLengths().Major));
 }
 
 // The room that one axis asks for.
@@ -121,10 +127,10 @@ AxisRoom MeasureAxis(Device& on, const ChartAxis& axis, bool isVertical, TickLen
 }
 
 // The plot area in what the rooms leave of the box.
-DeviceRect PlotWithin(
-    const DeviceRect& box, const std::array<AxisRoom, 4>& rooms, int titleHeight, bool keepSquare)
+DeviceRect PlotWithin(const DeviceRect& box, const std::array<AxisRoom, 4>& rooms, int titleHeight,
+    bool keepSquare, int unit)
 {
-    constexpr int space = 2;
+    const int space = 2 * unit;
     const auto &bottom = rooms[BottomAxis], &left = rooms[LeftAxis], &top = rooms[TopAxis],
                &right = rooms[RightAxis];
     int leftMargin = std::max(left.Across, std::max(bottom.First, top.First) / 2) + space;
@@ -132,7 +138,7 @@ DeviceRect PlotWithin(
                         std::max(left.Last, right.Last) / 2)
         + space;
     const int bottomMargin = std::max(bottom.Across, std::max(left.First, right.First) / 2);
-    const int rightMargin = std::max(right.Across, std::max(bottom.Last, top.Last) / 2);
+    const int rightMargin = std::max(right.Across + unit - 1, std::max(bottom.Last, top.Last) / 2);
     int height = box.Height() - topMargin - bottomMargin - 1;
     int width = box.Width() - leftMargin - rightMargin - 1;
     if (keepSquare && width <= height) {
@@ -193,35 +199,35 @@ PlacedText PlaceTitle(Device& on, const ChartText& title, const TitlePlace& plac
 
 // Titles along x have the whole width of the box, for nothing else is there; those along y keep off
 // the titles at the top and the labels at the bottom.
-TitlePlace PlaceOfTitle(
-    int axis, const AxisRoom& room, const DeviceRect& plot, const DeviceRect& box, int firstY)
+TitlePlace PlaceOfTitle(int axis, const AxisRoom& room, const DeviceRect& plot,
+    const DeviceRect& box, int firstY, int unit)
 {
     const int middleX = (plot.Left + plot.Right) / 2, middleY = (plot.Top + plot.Bottom) / 2;
     switch (axis) {
     case BottomAxis:
         return {false, middleX, box.Left, box.Right, plot.Bottom + room.Across - room.Title.Height};
     case LeftAxis:
-        return {true, middleY, firstY, plot.Bottom, plot.Left - 1 - room.Across};
+        return {true, middleY, firstY, plot.Bottom, plot.Left - unit - room.Across};
     case TopAxis:
-        return {false, middleX, box.Left, box.Right, plot.Top - 1 - room.Across};
+        return {false, middleX, box.Left, box.Right, plot.Top - unit - room.Across};
     default:
         return {
-            true, middleY, firstY, plot.Bottom, plot.Right + 1 + room.Across - room.Title.Width};
+            true, middleY, firstY, plot.Bottom, plot.Right + unit + room.Across - room.Title.Width};
     }
 }
 
 // The edge of the plot area where the labels of an axis start, less what stands in between.
-int LabelEdge(int axis, const DeviceRect& plot, int tickRoom)
+int LabelEdge(int axis, const DeviceRect& plot, int tickRoom, int unit)
 {
     switch (axis) {
     case BottomAxis:
         return plot.Bottom + tickRoom;
     case LeftAxis:
-        return plot.Left - 1 - tickRoom;
+        return plot.Left - unit - tickRoom;
     case TopAxis:
-        return plot.Top - 1 - tickRoom;
+        return plot.Top - unit - tickRoom;
     default:
-        return plot.Right + 1 + tickRoom;
+        return plot.Right + unit + tickRoom;
     }
 }
 
@@ -259,7 +265,7 @@ std::vector<PlacedText> PlaceLabels(Device& on, int axis, const ChartAxis& of, c
     const auto [align, shift] = StandOf(axis, style.Rotation);
     const int height =
         RunsUpright(style.Rotation) ? room.Labels.front().Width : room.Labels.front().Height;
-    const int edge = LabelEdge(axis, plot, TickRoom(of, lengths));
+    const int edge = LabelEdge(axis, plot, TickRoom(of, lengths), Unit(lengths));
     const Font font = DeviceFont(on, style.Style, style.Rotation);
     const int step = LabelStep(ticks, room.Labels, IsVertical(axis), style.Rotation);
     std::vector<PlacedText> labels;
@@ -326,7 +332,7 @@ ChartLayout LayOut(Device& On, const DeviceRect& Box, bool KeepSquare,
         rooms[i] = MeasureAxis(On, Axes[i], IsVertical(static_cast<int>(i)), Ticks);
     const DeviceSize title = MeasureTurned(On, ChartTitle);
     ChartLayout layout;
-    layout.Plot = PlotWithin(Box, rooms, title.Height, KeepSquare);
+    layout.Plot = PlotWithin(Box, rooms, title.Height, KeepSquare, Unit(Ticks));
     if (!layout.HasPlot())
         return layout;
     layout.ChartTitle = PlaceTitle(
@@ -337,8 +343,8 @@ ChartLayout LayOut(Device& On, const DeviceRect& Box, bool KeepSquare,
     for (int axis = 0; axis < 4; ++axis) {
         const auto i = static_cast<std::size_t>(axis);
         layout.Labels[i] = PlaceLabels(On, axis, Axes[i], rooms[i], layout.Plot, Ticks);
-        layout.Titles[i] =
-            PlaceTitle(On, Axes[i].Title, PlaceOfTitle(axis, rooms[i], layout.Plot, Box, firstY));
+        layout.Titles[i] = PlaceTitle(
+            On, Axes[i].Title, PlaceOfTitle(axis, rooms[i], layout.Plot, Box, firstY, Unit(Ticks)));
     }
     ClearCorners(layout);
     return layout;

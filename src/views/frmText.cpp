@@ -6,7 +6,6 @@
 #include <QScrollBar>
 #include <QTextBlock>
 
-#include "shell/qt/Screens.h"
 #include "shell/qt/WindowPlaces.h"
 
 namespace morvane {
@@ -60,10 +59,9 @@ void frmText::Repaint()
     m_text->viewport()->update();
 }
 
-// The default place says only that nobody has arranged the views yet.
 void frmText::SetPlace(const WindowPlace& Place)
 {
-    if (Place == DefaultPlaces(Screens()).At(m_kind))
+    if (!IsArranged(Place))
         return;
     TakePlace(Place);
     m_placed = true;
@@ -116,13 +114,6 @@ QSize frmText::SizeOfText() const
     }
     const int bar = m_text->verticalScrollBar()->sizeHint().width();
     return size.toSize() + QSize(2 * TextMargin + bar, 2 * TextMargin + bar);
-}
-
-void frmText::closeEvent(QCloseEvent* Event)
-{
-    Event->ignore();
-    m_session.ActivateDocument(m_document, m_kind);
-    m_session.ToggleView(m_kind);
 }
 
 bool frmText::eventFilter(QObject* Watched, QEvent* Event)

@@ -22,7 +22,6 @@ public:
         const std::string& Text, const TextFont& Font, std::span<const int> TabStops) override;
 
 protected:
-    void closeEvent(QCloseEvent* Event) override;
     bool eventFilter(QObject* Watched, QEvent* Event) override;
 
 private:

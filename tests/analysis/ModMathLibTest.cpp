@@ -272,5 +272,101 @@ TEST(ModMathLibAxis, FreeLimitsHoldAllData)
         }
 }
 
+TEST(ModMathLibAutoScale, RoundRanges)
+{
+    const struct {
+        const char* Name;
+        double Min, Max;
+        const char* Free; // of "min", "max"
+        double MinSpan, RoundMin, RoundMax;
+        int Hint;
+    } cases[] = {
+        {"no span", 4, 4, "min max", NoPoint, 4, 4, 0},
+        {"exact decade", 5, 6, "min max", NoPoint, 5, 6, 1},
+        {"exact digit", 1, 4, "min max", NoPoint, 1, 4, 3},
+        {"exact but for binary noise", 0.1, 0.4, "min max", NoPoint, 0.1, 0.4, 3},
+        {"above one, to 1.2", 0, 1.1, "max", NoPoint, 0, 1.2, 0},
+        {"above one, to 1.5", 0, 130, "max", NoPoint, 0, 150, 0},
+        {"below one", 0, 9.7, "max", NoPoint, 0, 10, 0},
+        {"above a digit", 0, 0.0031, "max", NoPoint, 0, 0.004, 0},
+        {"below a digit", 0, 2.9, "max", NoPoint, 0, 3, 0},
+        {"only min free", 0.1, 3, "min", NoPoint, 0, 3, 0},
+        {"none free", 0.1, 3, "", NoPoint, 0.1, 3, 0},
+        {"least span", 0, 0.001, "max", 0.5, 0, 0.5, 0},
+        {"exact, below the least span", 0, 0.3, "min max", 0.5, 0, 0.5, 0},
+        {"about zero", -0.02, 0.31, "min max", NoPoint, -0.04, 0.36, 0},
+        {"a whole tenth but for binary noise", 0.3, 0.397, "min max", NoPoint, 0.3, 0.4, 0},
+        {"tenth below", 0.5, 3.2, "min max", NoPoint, 0.3, 3.3, 0},
+        {"grown from a digit", 0.59, 3.48, "min max", NoPoint, 0.4, 4.4, 0},
+        {"grown from ten", 0.95, 10.65, "min max", NoPoint, 0, 12, 0},
+        {"widened and grown from 1.2", 0.1, 1.23, "min max", NoPoint, 0, 1.5, 0},
+        {"widened and grown from 1.5", 0.1, 1.55, "min max", NoPoint, 0, 2, 0},
+        {"widened and grown from a digit", 0.58, 6.03, "min max", NoPoint, 0, 7, 0},
+        {"widened and grown, off zero", 12.58, 18.03, "min max", NoPoint, 12, 19, 0},
+        {"widened and grown from nine", 0.95, 10.35, "min max", NoPoint, 0, 12, 0},
+    };
+    for (const auto& c : cases) {
+        double min = c.Min, max = c.Max;
+        const auto isFree = [&c](const char* what) { return std::strstr(c.Free, what) != nullptr; };
+        EXPECT_EQ(AutoScaleRange(min, max, false, isFree("min"), isFree("max"), c.MinSpan), c.Hint)
+            << c.Name;
+        EXPECT_NEAR(min, c.RoundMin, Rounding) << c.Name;
+        EXPECT_NEAR(max, c.RoundMax, Rounding) << c.Name;
+    }
+}
+
+TEST(ModMathLibAutoScale, FreeLimitsHoldAllDataAndTheLeastSpan)
+{
+    constexpr double noise = 1e-9; // of the span
+    for (const double low : {-1e4, -7.77, -0.001, 0.0, 0.0123, 5.55, 1e5})
+        for (const double least : {NoPoint, 0.5, 0.07})
+            for (int i = 0; i < 300; ++i) {
+                const double span = 1e-2 * std::pow(1.03, i);
+                double min = low, max = low + span;
+                AutoScaleRange(min, max, false, true, true, least);
+                EXPECT_LE(min, low + noise * span) << span;
+                EXPECT_GE(max, low + span - noise * span) << low;
+                EXPECT_TRUE(least == NoPoint || max - min >= least * (1 - noise)) << span;
+            }
+}
+
+TEST(ModMathLibAutoScale, LogarithmicLimitsGoOutToDecades)
+{
+    const struct {
+        double Min, Max;
+        bool FreeMin, FreeMax;
+        double RoundMin, RoundMax;
+    } cases[] = {
+        {2, 250, true, true, 1, 1000},
+        {2, 250, true, false, 1, 250},
+        {2, 250, false, true, 2, 1000},
+        {2, 250, false, false, 2, 250},
+        {1, 1000, true, true, 1, 1000},
+        {0, 250, true, true, 100, 1000},
+        {0, 100, true, true, 10, 100},
+        {0, 100, true, false, 10, 100},
+        {5, 5, true, true, 1, 10},
+        {10, 10, true, true, 10, 100},
+        {-2, -1, true, true, -2, -1},
+    };
+    for (const auto& c : cases) {
+        double min = c.Min, max = c.Max;
+        EXPECT_EQ(AutoScaleRange(min, max, true, c.FreeMin, c.FreeMax, NoPoint), 10);
+        EXPECT_DOUBLE_EQ(min, c.RoundMin) << c.Min << " to " << c.Max;
+        EXPECT_DOUBLE_EQ(max, c.RoundMax) << c.Min << " to " << c.Max;
+    }
+}
+
+TEST(ModMathLibAutoScale, HintIsTheOnlyDigitOfAFixedSpan)
+{
+    EXPECT_EQ(ScaleDivisionHint(0, 0.3), 3);
+    EXPECT_EQ(ScaleDivisionHint(0.1, 0.4), 3);
+    EXPECT_EQ(ScaleDivisionHint(0, 3.04), 3);
+    EXPECT_EQ(ScaleDivisionHint(0, 3.1), 0);
+    EXPECT_EQ(ScaleDivisionHint(0, 9.96), 1);
+    EXPECT_EQ(ScaleDivisionHint(1, 1), 0);
+    EXPECT_EQ(ScaleDivisionHint(2, 1), 0);
+}
+
 } // namespace
 } // namespace morvane

@@ -1,10 +1,12 @@
 #include "document/qt/ChildWindow.h"
 
-#include <QEvent>
+#include <QCloseEvent>
 #include <QMdiArea>
 #include <QMenu>
 #include <QScopedValueRollback>
 #include <QScreen>
+
+#include "shell/qt/Screens.h"
 
 namespace morvane {
 
@@ -68,6 +70,11 @@ void ChildWindow::TakeGeometry(const QRect& Normal)
         setGeometry(m_normal);
 }
 
+bool ChildWindow::IsArranged(const WindowPlace& Place) const
+{
+    return Place != DefaultPlaces(Screens()).At(m_kind);
+}
+
 void ChildWindow::moveEvent(QMoveEvent* Event)
 {
     QMdiSubWindow::moveEvent(Event);
@@ -99,6 +106,13 @@ void ChildWindow::showEvent(QShowEvent* Event)
         QWidget::showEvent(Event); // NOLINT(bugprone-parent-virtual-call)
     else
         QMdiSubWindow::showEvent(Event);
+}
+
+void ChildWindow::closeEvent(QCloseEvent* Event)
+{
+    Event->ignore();
+    m_session.ActivateDocument(m_document, m_kind);
+    m_session.ToggleView(m_kind);
 }
 
 bool ChildWindow::eventFilter(QObject* Watched, QEvent* Event)

@@ -27,9 +27,13 @@ protected:
     // Of the window as it is when neither maximised nor minimised.
     WindowPlace NormalPlace() const;
     void TakePlace(const WindowPlace& Place);
+    // Of an output view: the default place says only that nobody has arranged the views yet.
+    bool IsArranged(const WindowPlace& Place) const;
     void TakeGeometry(const QRect& Normal);
 
     void showEvent(QShowEvent* Event) override;
+    // Of an output view: it is hidden, and the document knows.
+    void closeEvent(QCloseEvent* Event) override;
     void moveEvent(QMoveEvent* Event) override;
     void resizeEvent(QResizeEvent* Event) override;
     bool eventFilter(QObject* Watched, QEvent* Event) override;

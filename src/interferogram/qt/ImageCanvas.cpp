@@ -2,7 +2,6 @@
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyle>
@@ -26,17 +25,6 @@ int ShiftOf(Qt::KeyboardModifiers keys)
         | (keys & Qt::AltModifier ? AltKey : 0);
 }
 
-Color ToColor(const QColor& of)
-{
-    return {static_cast<std::uint8_t>(of.red()), static_cast<std::uint8_t>(of.green()),
-        static_cast<std::uint8_t>(of.blue())};
-}
-
-int PenScale(double density)
-{
-    return std::max(1, RoundToLong(density));
-}
-
 } // namespace
 
 ImageCanvas::ImageCanvas(clsDocument& Of, Session& In)
@@ -56,13 +44,6 @@ RasterSize ImageCanvas::PictureSize() const
 {
     const RasterSize size = m_document.GetImageSize();
     return size.Width == NoSize || size.Height == NoSize ? RasterSize{} : size;
-}
-
-QSize ImageCanvas::ClientSize() const
-{
-    const double density = devicePixelRatioF();
-    return {static_cast<int>(std::ceil(viewport()->width() * density)),
-        static_cast<int>(std::ceil(viewport()->height() * density))};
 }
 
 QSize ImageCanvas::sizeHint() const
@@ -93,7 +74,7 @@ void ImageCanvas::SetZoom(int Percent)
 
 void ImageCanvas::Layout()
 {
-    const QSize client = ClientSize();
+    const QSize client = PhysicalSize(*viewport());
     m_density = devicePixelRatioF();
     m_viewport.Layout(client.width(), client.height(), m_density, PictureSize());
     m_painter.SetDensity(m_density);
@@ -130,9 +111,9 @@ void ImageCanvas::Repaint()
 template <typename Drawing>
 void ImageCanvas::DrawNow(Drawing Draw)
 {
-    if (!m_isCurrent || m_client.isNull())
+    if (!m_isCurrent || m_client.IsNull())
         return;
-    QtDevice device(m_client, PenScale(m_density));
+    QtDevice device(m_client.Picture(), PenScaleOf(m_density));
     Draw(device);
     UpdateBox(device.Touched());
 }
@@ -203,22 +184,18 @@ void ImageCanvas::MarkChanges()
 
 void ImageCanvas::paintEvent(QPaintEvent*)
 {
-    const QSize client = ClientSize();
     if (m_density != devicePixelRatioF())
         Layout();
-    if (m_client.size() != client) {
-        m_client = QImage(client, QImage::Format_RGB32);
+    if (m_client.Fit(*viewport()))
         m_isCurrent = false;
-    }
-    if (m_client.isNull())
+    if (m_client.IsNull())
         return;
     if (!m_isCurrent) {
-        QtDevice device(m_client, PenScale(m_density));
+        QtDevice device(m_client.Picture(), PenScaleOf(m_density));
         m_painter.Paint(device, m_tools);
         m_isCurrent = true;
     }
-    QPainter painter(viewport());
-    painter.drawImage(QRectF(QPointF(0, 0), QSizeF(client) / m_density), m_client);
+    m_client.ShowOn(*viewport());
 }
 
 void ImageCanvas::resizeEvent(QResizeEvent*)

@@ -3,9 +3,9 @@
 // pixels; tools draw on it at any time, the paint event only shows it.
 #pragma once
 #include <QAbstractScrollArea>
-#include <QImage>
 
 #include "interferogram/ImagePainter.h"
+#include "platform/qt/ClientPicture.h"
 #include "shell/modMain.h"
 
 namespace morvane {
@@ -53,7 +53,6 @@ protected:
 
 private:
     RasterSize PictureSize() const;
-    QSize ClientSize() const;
     void Layout();
     void ShowScrollBars();
     void UpdateBox(const DeviceRect& Box);
@@ -65,7 +64,7 @@ private:
     ImageViewport m_viewport;
     ImagePainter m_painter;
     MouseTools m_tools;
-    QImage m_client; // physical pixels
+    ClientPicture m_client;
     double m_density = 1; // of the layout
     bool m_isCurrent = false; // the client shows the present state
     bool m_isShowingBars = false; // their signals say nothing new

@@ -164,19 +164,27 @@ int PainterDevice::AverageCharacterWidth() const
 
 void PainterDevice::DrawText(DevicePoint At, std::string_view Text, TextAlign Align, Color Ink)
 {
+    PaintText(At, Text, Align, Ink);
+}
+
+DeviceRect PainterDevice::PaintText(
+    DevicePoint At, std::string_view Text, TextAlign Align, Color Ink)
+{
     const QFontMetrics& metrics = Metrics();
     const QString text = ToQt(Text);
-    // The box as the reader of the text sees it, from the point on.
-    const DeviceSize extent{
-        Align.Across == TextAcross::Left ? 0 : metrics.horizontalAdvance(text), metrics.height()};
-    const DeviceRect box = TextBox({}, extent, Align, TextRotation::Horizontal);
-    m_painter.save();
+    const DeviceSize extent{metrics.horizontalAdvance(text), metrics.height()};
+    const DeviceRect asRead = TextBox({}, extent, Align, TextRotation::Horizontal);
+    const QPen penBefore = m_painter.pen();
+    const QTransform transformBefore = m_painter.transform();
     m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     m_painter.setPen(QColor(ToRgb(Ink)));
     m_painter.setTransform(QTransform::fromTranslate(At.X, At.Y));
     m_painter.rotate(ClockwiseDegrees(m_font.Rotation));
-    m_painter.drawText(box.Left, box.Top + metrics.ascent(), text);
-    m_painter.restore();
+    m_painter.drawText(asRead.Left, asRead.Top + metrics.ascent(), text);
+    m_painter.setTransform(transformBefore);
+    m_painter.setPen(penBefore);
+    SetRasterOp(m_operation);
+    return TextBox(At, extent, Align, m_font.Rotation);
 }
 
 } // namespace morvane

@@ -41,7 +41,8 @@ protected:
     PainterDevice(QPaintDevice& On, const DeviceRect& Bounds, int PenScale);
 
     int PenWidth() const { return m_penWidth; } // physical pixels
-    QPainter& Painter() { return m_painter; }
+    // DrawText, and the box of the text.
+    DeviceRect PaintText(DevicePoint At, std::string_view Text, TextAlign Align, Color Ink);
 
 private:
     const QFontMetrics& Metrics() const;

@@ -38,6 +38,33 @@ struct Stretch {
     }
 };
 
+// How high a line has climbed, to the nearest pixel, step by step along its run. The quotient is
+// kept beside what remains of it: a division takes longer than all else that a pixel needs.
+class Climb {
+public:
+    Climb(std::int64_t rise, std::int64_t run, std::int64_t step) : m_rise(2 * rise), m_run(2 * run)
+    {
+        const std::int64_t dividend = step * m_rise + run;
+        m_height = FloorOfQuotient(dividend, m_run);
+        m_rest = dividend - m_height * m_run;
+    }
+    std::int64_t Height() const { return m_height; }
+    void Next()
+    {
+        m_rest += m_rise; // no more than a run either way
+        if (m_rest >= m_run) {
+            m_rest -= m_run;
+            ++m_height;
+        } else if (m_rest < 0) {
+            m_rest += m_run;
+            --m_height;
+        }
+    }
+
+private:
+    std::int64_t m_rise, m_run, m_height, m_rest;
+};
+
 } // namespace
 
 QtDevice::QtDevice(QImage& On, int PenScale)
@@ -79,6 +106,14 @@ void QtDevice::Touch(const Area& Changed)
         std::max(m_touched.Right, box.Right), std::max(m_touched.Bottom, box.Bottom)};
 }
 
+// Opposite corners of what has changed, within the image.
+void QtDevice::TouchPixels(DevicePoint One, DevicePoint Other)
+{
+    const auto [left, right] = std::minmax(One.X, Other.X);
+    const auto [top, bottom] = std::minmax(One.Y, Other.Y);
+    Touch({left, top, right + 1, bottom + 1});
+}
+
 // What lies between the corners and so many pixels around them.
 void QtDevice::TouchBox(std::span<const DevicePoint> Corners, std::int64_t Around)
 {
@@ -88,11 +123,6 @@ void QtDevice::TouchBox(std::span<const DevicePoint> Corners, std::int64_t Aroun
         Visible({left.X - Around, top.Y - Around, right.X + Around, bottom.Y + Around});
     if (area.Left < area.Right && area.Top < area.Bottom)
         Touch(area);
-}
-
-QRgb* QtDevice::Row(std::int64_t Y) const
-{
-    return reinterpret_cast<QRgb*>(m_bits + Y * m_stride);
 }
 
 void QtDevice::Fill(const Area& Wanted, Color Ink, RasterOp How)
@@ -130,44 +160,31 @@ void QtDevice::DrawThinLine(DevicePoint From, DevicePoint To)
     const std::int64_t side = flat ? From.Y : From.X, rise = (flat ? To.Y : To.X) - side;
     const std::int64_t run = std::abs(end - start), forward = end > start ? 1 : -1;
     const DeviceRect clip = CurrentClip();
+    const std::int64_t low = flat ? clip.Left : clip.Top, high = flat ? clip.Right : clip.Bottom;
     const std::int64_t first =
-        std::max<std::int64_t>(forward > 0 ? start : end + 1, flat ? clip.Left : clip.Top);
-    const std::int64_t past =
-        std::min<std::int64_t>(forward > 0 ? end : start + 1, flat ? clip.Right : clip.Bottom);
-    if (run == 0 || first >= past)
+        std::max<std::int64_t>(0, forward > 0 ? low - start : start - high + 1);
+    const std::int64_t past = std::min(run, forward > 0 ? high - start : start - low + 1);
+    if (first >= past)
         return;
-    // The quotient is kept beside what remains of it, for a division a pixel would take longer than
-    // the pixel.
-    const std::int64_t dividend = 2 * std::abs(first - start) * rise + run;
-    std::int64_t across = FloorOfQuotient(dividend, 2 * run);
-    std::int64_t rest = dividend - across * 2 * run;
-    across += side;
     const QRgb ink = ToRgb(CurrentPen().Ink);
     const bool isXor = CurrentRasterOp() == RasterOp::Xor;
-    const std::int64_t lowest = flat ? clip.Top : clip.Left;
-    const std::int64_t highest = (flat ? clip.Bottom : clip.Right) - 1;
-    Area touched{};
-    for (std::int64_t at = first; at < past; ++at) {
-        if (across >= lowest && across <= highest) {
-            const std::int64_t x = flat ? at : across, y = flat ? across : at;
-            QRgb& pixel = Row(y)[x];
-            pixel = isXor ? pixel ^ (ink & RGB_MASK) : ink;
-            touched = touched.Right == 0
-                ? Area{x, y, x + 1, y + 1}
-                : Area{std::min(touched.Left, x), std::min(touched.Top, y),
-                    std::max(touched.Right, x + 1), std::max(touched.Bottom, y + 1)};
-        }
-        rest += 2 * rise * forward;
-        if (rest >= 2 * run) {
-            rest -= 2 * run;
-            ++across;
-        } else if (rest < 0) {
-            rest += 2 * run;
-            --across;
-        }
+    std::optional<DevicePoint> firstInk;
+    DevicePoint lastInk;
+    Climb climb(rise, run, first);
+    for (std::int64_t step = first; step < past; ++step, climb.Next()) {
+        const auto along = static_cast<int>(start + forward * step);
+        const auto across = static_cast<int>(side + climb.Height());
+        const DevicePoint at = flat ? DevicePoint{along, across} : DevicePoint{across, along};
+        if (at.X < clip.Left || at.X >= clip.Right || at.Y < clip.Top || at.Y >= clip.Bottom)
+            continue;
+        QRgb& pixel = Row(at.Y)[at.X];
+        pixel = isXor ? pixel ^ (ink & RGB_MASK) : ink;
+        if (!firstInk)
+            firstInk = at;
+        lastInk = at;
     }
-    if (touched.Right > 0)
-        Touch(touched);
+    if (firstInk)
+        TouchPixels(*firstInk, lastInk);
 }
 
 // Ticks are drawn of such lines by the ten thousand, so that they go past the painter.
@@ -296,8 +313,7 @@ void QtDevice::DrawPicture(
 
 void QtDevice::DrawText(DevicePoint At, std::string_view Text, TextAlign Align, Color Ink)
 {
-    PainterDevice::DrawText(At, Text, Align, Ink);
-    const DeviceRect box = TextBox(At, MeasureText(Text), Align, CurrentFont().Rotation);
+    const DeviceRect box = PaintText(At, Text, Align, Ink);
     const int overhang = CurrentFont().Height / 2; // slanted letters lean out of their box
     TouchBox(
         std::array{DevicePoint{box.Left, box.Top}, DevicePoint{box.Right, box.Bottom}}, overhang);

@@ -34,13 +34,14 @@ private:
     };
     Area Visible(const Area& Wanted) const;
     void Touch(const Area& Changed);
+    void TouchPixels(DevicePoint One, DevicePoint Other);
     void TouchBox(std::span<const DevicePoint> Corners, std::int64_t Around);
     void DrawThinLine(DevicePoint From, DevicePoint To);
     void DrawWholeCross(DevicePoint Center, int Arm);
     void DrawUprightLine(DevicePoint From, DevicePoint To);
     void Fill(const Area& Wanted, Color Ink, RasterOp How);
     void FillWithPen(const Area& Wanted);
-    QRgb* Row(std::int64_t Y) const;
+    QRgb* Row(std::int64_t Y) const { return reinterpret_cast<QRgb*>(m_bits + Y * m_stride); }
 
     uchar* m_bits;
     qsizetype m_stride;

@@ -8,7 +8,7 @@ namespace {
 constexpr int Gap = 8;
 constexpr int TitleBar = 28; // of a tool window: the window system may put it above the place
 constexpr int SlotStep = 26, SlotSteps = 6; // a title bar; then from the corner again
-constexpr QSize AberrationsSize(350, 310), ZernikesSize(290, 370);
+constexpr QSize AberrationsSize(350, 310), ZernikesSize(290, 370), ProfileSize(460, 300);
 constexpr int TextColumn = 350, AnalysisColumn = 300, ToolColumn = 220;
 constexpr QSize LeastPictureRoom(480, 320);
 
@@ -25,6 +25,13 @@ QRect RoomForPicture(QSize WorkArea, int Slot)
         : besideTwo >= LeastPictureRoom.width()             ? besideTwo
                                                             : whole.width();
     return {corner, QSize(width, whole.height()).expandedTo({1, 1})};
+}
+
+QRect PlaceOfProfile(QSize WorkArea)
+{
+    const int left = std::max(0, WorkArea.width() - 2 * Gap - TextColumn - ProfileSize.width());
+    const int top = std::max(0, WorkArea.height() - Gap - ProfileSize.height());
+    return {QPoint(left, top), ProfileSize};
 }
 
 QRect PlaceOfText(QSize WorkArea, ViewType Kind, QSize Needed)

@@ -14,6 +14,9 @@ QRect RoomForPicture(QSize WorkArea, int Slot);
 // Needed is the size at which the whole text shows.
 QRect PlaceOfText(QSize WorkArea, ViewType Kind, QSize Needed);
 
+// Beside the texts, at the lower edge.
+QRect PlaceOfProfile(QSize WorkArea);
+
 // Area and Room, the screen's, in the screen's coordinates, as is the result: beside the texts, or
 // to the right of an area that is too narrow for all, and whole on the screen.
 QPoint PlaceOfAnalysis(QRect Area, QSize Wanted, QRect Room);

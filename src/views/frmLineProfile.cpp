@@ -1,0 +1,63 @@
+#include "views/frmLineProfile.h"
+
+#include <QMdiArea>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include "shell/qt/WindowPlaces.h"
+#include "views/qt/ProfileCanvas.h"
+
+namespace morvane {
+
+frmLineProfile::frmLineProfile(clsDocument& Of, Session& In)
+    : ChildWindow(Of, ViewType::LineProfile, In), m_canvas(new ProfileCanvas),
+      m_angle(new QScrollBar(Qt::Horizontal))
+{
+    setObjectName("frmLineProfile");
+    m_angle->setObjectName("hsbLine");
+    m_angle->setRange(0, 359);
+    m_angle->setSingleStep(1);
+    m_angle->setPageStep(5);
+    m_angle->setFocusPolicy(Qt::StrongFocus);
+    m_angle->setToolTip(tr("Angle of the line, in degrees"));
+    auto* const inside = new QWidget;
+    inside->setFocusProxy(m_angle);
+    auto* const layout = new QVBoxLayout(inside);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_canvas, 1);
+    layout->addWidget(m_angle);
+    setWidget(inside);
+    connect(m_angle, &QScrollBar::valueChanged, this, [this](int degrees) {
+        if (m_canvas->height() < 1)
+            return;
+        m_document.RefreshLineViewData(degrees);
+        MarkChanges();
+        m_canvas->repaint();
+    });
+}
+
+void frmLineProfile::SetPlace(const WindowPlace& Place)
+{
+    if (IsArranged(Place) || !mdiArea()) {
+        TakePlace(Place);
+        return;
+    }
+    const QRect place = PlaceOfProfile(mdiArea()->size());
+    TakePlace({place.left(), place.top(), place.width(), place.height()});
+}
+
+void frmLineProfile::Repaint()
+{
+    m_canvas->Renew();
+}
+
+void frmLineProfile::SetProfile(const ProfileData& Shown)
+{
+    const QSignalBlocker quiet(m_angle);
+    m_angle->setValue(Shown.Angle);
+    m_canvas->SetProfile(Shown);
+}
+
+} // namespace morvane
