@@ -1,6 +1,9 @@
 #include "platform/qt/PainterDevice.h"
 
 #include <algorithm>
+#include <cmath>
+
+#include "platform/Numbers.h"
 
 namespace morvane {
 namespace {
@@ -54,6 +57,19 @@ QRect ToQt(const DeviceRect& box)
     return {box.Left, box.Top, std::max(0, box.Width()), std::max(0, box.Height())};
 }
 
+// Whole pixels that hold so much, where letters are not fitted to the pixels.
+int WholePixels(double length)
+{
+    constexpr double noise = 0.01;
+    return static_cast<int>(std::ceil(length - noise));
+}
+
+DeviceSize ExtentOf(const QFontMetricsF& metrics, const QString& text)
+{
+    return {WholePixels(metrics.horizontalAdvance(text)),
+        WholePixels(metrics.ascent()) + WholePixels(metrics.descent())};
+}
+
 int ClockwiseDegrees(TextRotation rotation)
 {
     switch (rotation) {
@@ -78,7 +94,7 @@ QRgb ToRgb(Color Of)
 
 PainterDevice::PainterDevice(QPaintDevice& On, const DeviceRect& Bounds, int PenScale)
     : m_painter(&On), m_bounds(Bounds), m_penScale(PenScale), m_clip(Bounds),
-      m_metrics(m_painter.fontMetrics())
+      m_metrics(m_painter.font(), &On)
 {
     PainterDevice::SetPen(m_pen);
 }
@@ -142,24 +158,24 @@ void PainterDevice::FillRectangle(const DeviceRect& Box, Color Fill)
     m_painter.restore();
 }
 
-const QFontMetrics& PainterDevice::Metrics() const
+const QFontMetricsF& PainterDevice::Metrics() const
 {
     if (m_painterFont != m_font) {
         m_painterFont = m_font;
         m_painter.setFont(ToQt(m_font));
-        m_metrics = m_painter.fontMetrics();
+        m_metrics = QFontMetricsF(m_painter.font(), m_painter.device());
     }
     return m_metrics;
 }
 
 DeviceSize PainterDevice::MeasureText(std::string_view Text) const
 {
-    return {Metrics().horizontalAdvance(ToQt(Text)), Metrics().height()};
+    return ExtentOf(Metrics(), ToQt(Text));
 }
 
 int PainterDevice::AverageCharacterWidth() const
 {
-    return Metrics().averageCharWidth();
+    return RoundToLong(Metrics().averageCharWidth());
 }
 
 void PainterDevice::DrawText(DevicePoint At, std::string_view Text, TextAlign Align, Color Ink)
@@ -170,9 +186,9 @@ void PainterDevice::DrawText(DevicePoint At, std::string_view Text, TextAlign Al
 DeviceRect PainterDevice::PaintText(
     DevicePoint At, std::string_view Text, TextAlign Align, Color Ink)
 {
-    const QFontMetrics& metrics = Metrics();
+    const QFontMetricsF& metrics = Metrics();
     const QString text = ToQt(Text);
-    const DeviceSize extent{metrics.horizontalAdvance(text), metrics.height()};
+    const DeviceSize extent = ExtentOf(metrics, text);
     const DeviceRect asRead = TextBox({}, extent, Align, TextRotation::Horizontal);
     const QPen penBefore = m_painter.pen();
     const QTransform transformBefore = m_painter.transform();
@@ -180,7 +196,7 @@ DeviceRect PainterDevice::PaintText(
     m_painter.setPen(QColor(ToRgb(Ink)));
     m_painter.setTransform(QTransform::fromTranslate(At.X, At.Y));
     m_painter.rotate(ClockwiseDegrees(m_font.Rotation));
-    m_painter.drawText(asRead.Left, asRead.Top + metrics.ascent(), text);
+    m_painter.drawText(asRead.Left, asRead.Top + WholePixels(metrics.ascent()), text);
     m_painter.setTransform(transformBefore);
     m_painter.setPen(penBefore);
     SetRasterOp(m_operation);

@@ -45,7 +45,7 @@ protected:
     DeviceRect PaintText(DevicePoint At, std::string_view Text, TextAlign Align, Color Ink);
 
 private:
-    const QFontMetrics& Metrics() const;
+    const QFontMetricsF& Metrics() const;
 
     mutable QPainter m_painter; // its font is taken over when it is needed
     const DeviceRect m_bounds;
@@ -57,7 +57,7 @@ private:
     Font m_font;
     DeviceRect m_clip;
     mutable std::optional<Font> m_painterFont;
-    mutable QFontMetrics m_metrics;
+    mutable QFontMetricsF m_metrics;
 };
 
 } // namespace morvane
