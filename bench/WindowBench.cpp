@@ -17,6 +17,8 @@
 #include "platform/File.h"
 #include "shell/frmMain.h"
 #include "shell/qt/Screens.h"
+#include "views/frmLineProfile.h"
+#include "views/qt/ProfileCanvas.h"
 
 // Outside of all namespaces, as the macro asks for.
 static void InitResources()
@@ -77,6 +79,22 @@ public:
         QCoreApplication::sendEvent(&m_frame, &update);
     }
     void SetEditMode(bool Edit) { m_session.SetEditMode(Edit); }
+    // The line profile of the picture, of 1000 points in 800 by 600 pixels.
+    frmLineProfile& Profile()
+    {
+        clsDocument& document = Document();
+        if (!document.OutputViewsExist()) {
+            m_session.Prefs.LineSize = 1000;
+            m_session.AnalyzeFringes();
+            document.Visible.LineProfile = true;
+            document.OutputViews_UpdateVisibility(Activation::LeaveFocus);
+        }
+        auto& window = dynamic_cast<frmLineProfile&>(*document.View(ViewType::LineProfile));
+        window.resize(window.size() + QSize(800, 600) - CanvasOf(window).size());
+        QApplication::processEvents();
+        return window;
+    }
+    static QWidget& CanvasOf(frmLineProfile& Window) { return *Window.findChild<ProfileCanvas*>(); }
 
 private:
     void DrawOn(const BenchPicture& picture)
@@ -245,6 +263,29 @@ void dragShape(benchmark::State& state)
     drag(state, 25, {at.X + radii.X * along, at.Y - radii.Y * along}, center);
 }
 
+void turnProfile(benchmark::State& state)
+{
+    frmLineProfile& window = Bench().Profile();
+    QScrollBar& angle = *window.findChild<QScrollBar*>("hsbLine");
+    if (Workbench::CanvasOf(window).size() != QSize(800, 600))
+        state.SkipWithError("the plot has another size");
+    while (state.KeepRunning()) {
+        angle.setValue((angle.value() + 1) % 360);
+        Bench().Show();
+    }
+    if (Bench().Document().LineProfileAngle != angle.value())
+        state.SkipWithError("the profile has not turned");
+}
+
+void repaintProfile(benchmark::State& state)
+{
+    QWidget& canvas = Workbench::CanvasOf(Bench().Profile());
+    while (state.KeepRunning())
+        canvas.repaint();
+}
+
+BENCHMARK(turnProfile)->Name("ProfileStep/ours");
+BENCHMARK(repaintProfile)->Name("ProfileStep/reference");
 BENCHMARK(pan25)->Name("PanStep25/ours");
 BENCHMARK(blitClient)->Name("PanStep25/reference");
 BENCHMARK(pan100)->Name("PanStep100/ours");

@@ -34,6 +34,7 @@ constexpr Figure figures[] = {
     {"SaveDocument", 2.5}, // to_chars of the same numbers, and one write
     {"ChartRepaint", 1.5}, // the same lines and texts through a bare painter
     {"ReadSettings", AnyRatio, 5}, // the lines of the file
+    {"ProfileStep", AnyRatio, 4}, // showing the same once more
     {"PanStep25", AnyRatio, 4}, // one blit of the client area; so for all below
     {"PanStep100", AnyRatio, 4},
     {"PanStep150", AnyRatio, 4},
