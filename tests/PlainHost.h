@@ -26,8 +26,10 @@ private:
 class PlainImageWindow final : public PlainWindow<ImageWindow> {
 public:
     void RefreshPicture() override { }
+    void RefreshContents() override { }
     void ResizeWindow() override { }
     void SizeWindow(int, int) override { }
+    RasterSize WindowSize() const override { return {}; }
     [[noreturn]] MouseTools& Tools() override { std::abort(); } // nobody works in it
     int ZoomPercent() const override { return 100; }
     void SetZoom(int) override { }

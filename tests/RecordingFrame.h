@@ -53,7 +53,13 @@ public:
     {
     }
     void RefreshPicture() override { Write("picture"); }
+    void RefreshContents() override
+    {
+        m_tools.Forget();
+        Write("repaint");
+    }
     void ResizeWindow() override { Write("resize"); }
+    RasterSize WindowSize() const override { return {GetPlace().Width, GetPlace().Height}; }
     void SizeWindow(int Width, int Height) override
     {
         const WindowPlace place = GetPlace();

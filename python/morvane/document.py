@@ -136,8 +136,8 @@ class MorvaneDoc:
         """Of the picture in its window, percent: 25, 50, 75, 100, 150, 200, 300, 400, 800 or 1600;
         any other number is ignored.""",
     )
-    width = _member("width", int, "Of the window of the picture, pixels.", read_only=True)
-    height = _member("height", int, "Of the window of the picture, pixels.", read_only=True)
+    width = _member("width", int, "Of the window of the picture, pixels of the desktop.", read_only=True)
+    height = _member("height", int, "Of the window of the picture, pixels of the desktop.", read_only=True)
 
     def SizeWindow(self, Width, Height) -> bool:
         """Gives the window of the picture another size, 16 to 4096 pixels each way."""

@@ -98,7 +98,7 @@ public:
     // Of the interferogram's window. A percentage that is none of the zoom box's is ignored.
     Raised<int> GetZoom() const;
     Raised<bool> SetZoom(const Variant& Value);
-    // Outer size, pixels of the screen.
+    // Outer size, pixels of the desktop, which a dense screen shows larger.
     Raised<int> GetWidth() const;
     Raised<int> GetHeight() const;
     Raised<bool> SizeWindow(const Variant& Width, const Variant& Height);
@@ -126,7 +126,7 @@ public:
 private:
     Raised<bool> SetShape(
         const Variant& ShapeType, const Variant& Points, clsDocument& Of, clsShape& Target);
-    Raised<WindowPlace> PlaceOfWindow() const;
+    Raised<RasterSize> WindowSize() const;
     bool LoadImage(const std::string& Path);
     bool LoadDocument(const std::string& Path);
     template <typename Change>

@@ -49,24 +49,24 @@ Raised<bool> MorvaneDoc::SetZoom(const Variant& Value)
     return true;
 }
 
-Raised<WindowPlace> MorvaneDoc::PlaceOfWindow() const
+Raised<RasterSize> MorvaneDoc::WindowSize() const
 {
     const auto document = Document();
     if (const ImageWindow* const window = WindowOf(document))
-        return window->GetPlace();
+        return window->WindowSize();
     return NoDocument("get window dimensions");
 }
 
 Raised<int> MorvaneDoc::GetWidth() const
 {
-    const Raised<WindowPlace> place = PlaceOfWindow();
-    return place ? Raised<int>(place.Value().Width) : place.Error();
+    const Raised<RasterSize> size = WindowSize();
+    return size ? Raised<int>(size.Value().Width) : size.Error();
 }
 
 Raised<int> MorvaneDoc::GetHeight() const
 {
-    const Raised<WindowPlace> place = PlaceOfWindow();
-    return place ? Raised<int>(place.Value().Height) : place.Error();
+    const Raised<RasterSize> size = WindowSize();
+    return size ? Raised<int>(size.Value().Height) : size.Error();
 }
 
 Raised<bool> MorvaneDoc::SizeWindow(const Variant& Width, const Variant& Height)

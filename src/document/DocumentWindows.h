@@ -7,6 +7,7 @@
 #include <string>
 
 #include "document/Preferences.h"
+#include "geometry/modRaster.h"
 
 namespace morvane {
 
@@ -35,10 +36,14 @@ class ImageWindow : public DocumentWindow {
 public:
     // The document's picture is another one, or there is none any more.
     virtual void RefreshPicture() = 0;
+    // What lies on the picture is new: nothing of what was there can be dragged any more.
+    virtual void RefreshContents() = 0;
     // Takes the size that suits the picture.
     virtual void ResizeWindow() = 0;
     // Takes this size where it stands; unlike a place, it may be larger than the desktop.
     virtual void SizeWindow(int Width, int Height) = 0;
+    // As it is on the screen; the place is that of a normal window.
+    virtual RasterSize WindowSize() const = 0;
     // The machine behind the mouse; it goes with the window.
     virtual MouseTools& Tools() = 0;
     virtual int ZoomPercent() const = 0;

@@ -151,7 +151,7 @@ void clsDocument::ClearFringes()
         return;
     Fringes.DeleteAll();
     if (m_imageView)
-        m_imageView->Repaint();
+        m_imageView->RefreshContents();
     Modified = true;
     AnalysisValid = false;
 }
@@ -174,7 +174,7 @@ bool clsDocument::AutoTraceFringes(FringeDirection Direction, FringeDensity Dens
     AnalysisValid = false;
     Modified = true;
     if (m_imageView)
-        m_imageView->Repaint();
+        m_imageView->RefreshContents();
     if (outcome == TraceOutcome::TooManyFringes)
         m_host.ShowMessage("Too many fringes", MessageOk, "Error");
     return Fringes.TotalNumTicks() > 0;

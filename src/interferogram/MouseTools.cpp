@@ -43,7 +43,7 @@ MouseTools::MouseTools(clsDocument& Of, ImageViewport& Through, ToolBox& Shared,
 void MouseTools::SetEditMode(bool Edit)
 {
     m_editMode = Edit;
-    m_pan.reset();
+    EndPan();
     EndDrag();
     ChangeMouseIcon(0);
 }
@@ -112,6 +112,8 @@ void MouseTools::Press(MouseButton Button, double ClientX, double ClientY, int S
         m_box.PopupActive = false;
         return;
     }
+    EndPan();
+    EndDrag(); // one whose release went elsewhere
     if (!IsLive())
         return;
     const Point at = m_viewport.ToImage(ClientX, ClientY);
@@ -218,8 +220,13 @@ void MouseTools::SaveObject()
 
 void MouseTools::Move(double ClientX, double ClientY, bool LeftDown, int Shift)
 {
+    if (!LeftDown) { // its release went elsewhere
+        EndPan();
+        EndDrag();
+    }
     if (!IsLive() || m_box.PopupActive)
         return;
+    KeysChanged(Shift);
     const Point at = m_viewport.ToImage(ClientX, ClientY);
     const int column = RoundToLong(std::floor(at.X)), row = RoundToLong(std::floor(at.Y));
     const int intensity = m_document.GetIntensity(column, row);
@@ -348,7 +355,6 @@ void MouseTools::MoveCenter(Point To)
     } else {
         m_document.Fringes.DeleteCenter(m_selected.Order, m_selected.Tick, m_selected.Index);
         ClearSelectedObject();
-        m_hover = {};
     }
     FringesChanged();
 }
@@ -356,12 +362,7 @@ void MouseTools::MoveCenter(Point To)
 void MouseTools::ResizeObject(Point At)
 {
     if (m_selected.Type == ObjectType::Grid) {
-        const Point opposite = m_saved.Vertex;
-        ChangeSelected([&] {
-            m_document.Grid.SetBounds(RoundToLong(At.X), RoundToLong(At.Y), RoundToLong(opposite.X),
-                RoundToLong(opposite.Y));
-            NoteChange();
-        });
+        ChangeSelected([&] { SetGridBounds(At, m_saved.Vertex); });
         return;
     }
     if (!m_selected.IsShape())
@@ -376,6 +377,8 @@ void MouseTools::ResizeObject(Point At)
             const RoundFigure to = m_selected.Part == ObjectPart::CircleOutline
                 ? ResizedCircle(m_saved.Round, m_dragStart, At, m_resizeAxis)
                 : ResizedEllipse(m_saved.Round, m_dragStart, At, m_resizeAxis);
+            if (to.Radii.X == 0 || to.Radii.Y == 0)
+                return; // nobody could take hold of it again
             shape.Resize(to.Radii, NoFringe);
             shape.SetCenter(to.Center);
         }
@@ -398,7 +401,7 @@ void MouseTools::Release(MouseButton Button, int Shift)
 {
     if (Button != MouseButton::Left)
         return;
-    m_pan.reset();
+    EndPan();
     const bool wasDragging = EndDrag();
     const bool endsPopup = std::exchange(m_box.PopupActive, false);
     if (wasDragging || endsPopup || !m_editMode || !IsLive() || Shift != 0)
@@ -443,12 +446,22 @@ void MouseTools::FinishDrawing()
         SaveFringe(m_box.CurrentOrder());
         break;
     case DrawTarget::Grid:
-        m_document.Grid.SetBounds(RoundToLong(m_clicks[0].X), RoundToLong(m_clicks[0].Y),
-            RoundToLong(m_clicks[1].X), RoundToLong(m_clicks[1].Y));
-        NoteChange();
+        SetGridBounds(m_clicks[0], m_clicks[1]);
         break;
     }
     StopDrawingObject();
+}
+
+// Bounds without a whole row of cells would be those of a grid that nobody sees: the old ones stay.
+void MouseTools::SetGridBounds(Point Corner, Point Opposite)
+{
+    clsGrid tried = m_document.Grid;
+    tried.SetBounds(RoundToLong(Corner.X), RoundToLong(Corner.Y), RoundToLong(Opposite.X),
+        RoundToLong(Opposite.Y));
+    if (!tried.IsDefined(GridIsCalibrated + GridHasBounds))
+        return;
+    m_document.Grid = tried;
+    NoteChange();
 }
 
 void MouseTools::KeysChanged(int Shift)
@@ -598,8 +611,18 @@ void MouseTools::DeleteHoverCenter()
 
 void MouseTools::Forget()
 {
-    m_hover = {};
     ClearSelectedObject();
+    if (m_hover.Type == ObjectType::None)
+        return;
+    m_hover = {};
+    ChangeMouseIcon(m_lastShift);
+}
+
+void MouseTools::Reset()
+{
+    Forget();
+    m_numClicks = 0;
+    StopDrawingObject();
 }
 
 void MouseTools::FringesChanged()

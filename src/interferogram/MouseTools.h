@@ -84,8 +84,12 @@ public:
     void RenumberFringe(int NewOrder, int OldOrder);
     // Of the object last found under the mouse.
     void DeleteHoverCenter();
-    // The picture or what lies on it has been replaced: there is nothing to drag any more.
+    // What lies on the picture has been replaced: there is nothing to drag any more.
     void Forget();
+    // Another interferogram is shown: a drawing and its clicks are given up too.
+    void Reset();
+    // The picture has been scrolled or zoomed by other means than the hand tool.
+    void EndPan() { m_pan.reset(); }
 
     // Pointer and hint for the keys held down.
     void ChangeMouseIcon(int Shift);
@@ -136,6 +140,7 @@ private:
     void EndDrawing();
     void ClosePolygon();
     void FinishDrawing();
+    void SetGridBounds(Point Corner, Point Opposite);
     void FringesChanged();
     void ShapeChanged();
     void NoteChange();

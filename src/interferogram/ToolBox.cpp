@@ -1,6 +1,8 @@
 #include "interferogram/ToolBox.h"
 
 #include <algorithm>
+
+#include <algorithm>
 #include <cstdint>
 
 #include "platform/Numbers.h"
@@ -18,7 +20,8 @@ void ToolBox::SetOrder(int Order)
 void ToolBox::TypeOrder(const std::string& Text)
 {
     m_previousOrder = m_currentOrder;
-    m_currentOrder = RoundToLong(LeadingNumber(Text));
+    constexpr double longest = 99999; // far beyond all orders, and still a number to count from
+    m_currentOrder = RoundToLong(std::clamp(LeadingNumber(Text), -longest, longest));
     m_orderText = Text;
     Tell();
 }

@@ -26,6 +26,12 @@ void frmImage::RefreshPicture()
     m_canvas->RefreshPicture();
 }
 
+void frmImage::RefreshContents()
+{
+    Tools().Forget();
+    Repaint();
+}
+
 MouseTools& frmImage::Tools()
 {
     return m_canvas->Tools();
@@ -57,9 +63,10 @@ void frmImage::ResizeWindow()
 
 void frmImage::SizeWindow(int Width, int Height)
 {
+    if (isMaximized() || isMinimized())
+        showNormal();
     const WindowPlace place = NormalPlace();
     TakeGeometry({place.Left, place.Top, Width, Height});
-    m_hasGivenSize = true;
 }
 
 // The document destroys this window, which must not happen inside its own event.

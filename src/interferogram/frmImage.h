@@ -18,8 +18,10 @@ public:
     void SetPlace(const WindowPlace& Place) override;
     void Repaint() override;
     void RefreshPicture() override;
+    void RefreshContents() override;
     void ResizeWindow() override;
     void SizeWindow(int Width, int Height) override;
+    RasterSize WindowSize() const override { return {width(), height()}; }
     MouseTools& Tools() override;
     int ZoomPercent() const override;
     void SetZoom(int Percent) override;

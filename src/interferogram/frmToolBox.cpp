@@ -1,5 +1,7 @@
 #include "interferogram/frmToolBox.h"
 
+#include <QKeyEvent>
+
 #include "ui_frmToolBox.h"
 
 namespace morvane {
@@ -42,17 +44,34 @@ std::array<frmToolBox::ShapeFrame, 2> frmToolBox::ShapeFrames() const
 void frmToolBox::ConnectShape(const ShapeFrame& Of)
 {
     const ShapeRole role = Of.Role;
-    connect(&Of.Kind, &QComboBox::activated, this,
-        [this, role](int item) { m_session.Tools.SetKind(role, KindOfItem(item)); });
-    connect(&Of.Add, &QPushButton::clicked, this, [this, role] {
-        m_session.AddShape(role);
-        // The clicks go to the picture, and so must the keys held down with them.
-        parentWidget()->activateWindow();
+    connect(&Of.Kind, &QComboBox::activated, this, [this, role](int item) {
+        m_session.Tools.SetKind(role, KindOfItem(item));
+        ReturnToPicture();
     });
-    connect(&Of.Clear, &QPushButton::clicked, this, [this, role] { m_session.ClearShape(role); });
-    connect(&Of.Load, &QPushButton::clicked, this,
-        [this, role] { m_session.LoadShapeIntoActive(role); });
-    connect(&Of.Save, &QPushButton::clicked, this, [this, role] { m_session.SaveShape(role); });
+    Connect(Of.Add, [this, role] { m_session.AddShape(role); });
+    Connect(Of.Clear, [this, role] { m_session.ClearShape(role); });
+    Connect(Of.Load, [this, role] { m_session.LoadShapeIntoActive(role); });
+    Connect(Of.Save, [this, role] { m_session.SaveShape(role); });
+    // The clicks of a drawing go to the picture, and so must the keys held down with them.
+    connect(&Of.Add, &QPushButton::clicked, this, &frmToolBox::ReturnToPicture);
+}
+
+// A button that was clicked, not reached by keys, leaves the keys to the picture: the space bar
+// runs through the orders there, and must not press the button again.
+template <typename Command>
+void frmToolBox::Connect(QPushButton& Button, Command Act)
+{
+    Button.setFocusPolicy(Qt::TabFocus);
+    connect(&Button, &QPushButton::clicked, this, [this, &Button, Act] {
+        Act();
+        if (!Button.hasFocus())
+            ReturnToPicture();
+    });
+}
+
+void frmToolBox::ReturnToPicture()
+{
+    parentWidget()->activateWindow();
 }
 
 void frmToolBox::ConnectFringes()
@@ -61,9 +80,9 @@ void frmToolBox::ConnectFringes()
         [this](const QString& text) { m_session.TypeOrder(text.toStdString()); });
     connect(m_ui->updOrder, &OrderBox::Stepped, this,
         [this](int steps) { m_session.StepOrder(steps); });
-    connect(m_ui->cmdInsert, &QPushButton::clicked, this, [this] { m_session.InsertFringe(); });
-    connect(m_ui->cmdRemove, &QPushButton::clicked, this, [this] { m_session.RemoveFringe(); });
-    connect(m_ui->cmdRenumber, &QPushButton::clicked, this, [this] { m_session.RenumberFringe(); });
+    Connect(*m_ui->cmdInsert, [this] { m_session.InsertFringe(); });
+    Connect(*m_ui->cmdRemove, [this] { m_session.RemoveFringe(); });
+    Connect(*m_ui->cmdRenumber, [this] { m_session.RenumberFringe(); });
 }
 
 void frmToolBox::Refresh()
@@ -84,6 +103,15 @@ void frmToolBox::Refresh()
     steps.setFlag(QAbstractSpinBox::StepUpEnabled, tools.OrderAfter(1) != tools.CurrentOrder());
     steps.setFlag(QAbstractSpinBox::StepDownEnabled, tools.OrderAfter(-1) != tools.CurrentOrder());
     m_ui->updOrder->ShowOrder(QString::fromStdString(tools.OrderText()), steps);
+}
+
+// Not a dialog that a key dismisses: its close box hides it.
+void frmToolBox::keyPressEvent(QKeyEvent* Event)
+{
+    if (Event->key() == Qt::Key_Escape)
+        ReturnToPicture();
+    else
+        QDialog::keyPressEvent(Event);
 }
 
 void frmToolBox::showEvent(QShowEvent* Event)

@@ -29,6 +29,7 @@ signals:
 protected:
     void showEvent(QShowEvent* Event) override;
     void hideEvent(QHideEvent* Event) override;
+    void keyPressEvent(QKeyEvent* Event) override;
 
 private:
     // The controls of one figure.
@@ -40,6 +41,9 @@ private:
     std::array<ShapeFrame, 2> ShapeFrames() const;
     void ConnectShape(const ShapeFrame& Of);
     void ConnectFringes();
+    template <typename Command>
+    void Connect(QPushButton& Button, Command Act);
+    void ReturnToPicture();
     void Refresh();
 
     Session& m_session;

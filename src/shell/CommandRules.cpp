@@ -37,7 +37,8 @@ CommandState StateOf(const Session& Of)
         return state;
     state.ActiveView = active->ActiveView;
     state.OutputViewsExist = active->OutputViewsExist();
-    state.Visible = active->Visible;
+    for (const ViewType view : OutputViewTypes) // one without a window is not to be seen
+        state.Visible.At(view) = active->Visible.At(view) && active->View(view);
     if (active->ActiveView == ViewType::Interferogram && active->ImageViewExists()) {
         state.EditMode = active->ImageView()->Tools().EditMode();
         state.ZoomPercent = active->ImageView()->ZoomPercent();

@@ -47,15 +47,14 @@ frmInput::frmInput(const InputRequest& Request, SettingsStore& Settings, QWidget
 
 frmInput::~frmInput() = default;
 
-// Without one it comes up in the middle of its owner. The corner of the screen is where nobody has
-// put it yet.
+// Without one it comes up in the middle of its owner.
 void frmInput::TakeKeptPlace()
 {
-    const BoxPlace place = ReadPlace(m_settings, InputPlace);
-    const QPoint kept(place.Left, place.Top);
     adjustSize(); // a later change would take the place for that inside the frame
-    if (!kept.isNull() && IsReachable({kept, size()}))
-        move(kept);
+    const QPoint middle = parentWidget()->frameGeometry().center() - rect().center();
+    const BoxPlace place = ReadPlace(m_settings, InputPlace, {middle.x(), middle.y()});
+    const QPoint kept(place.Left, place.Top);
+    move(IsReachable({kept, size()}) ? kept : middle);
 }
 
 InputAnswer frmInput::Answer() const

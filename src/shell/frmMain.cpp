@@ -189,6 +189,11 @@ void frmMain::changeEvent(QEvent* Event)
         setWindowTitle(m_title);
     if (Event->type() == QEvent::ModifiedChange && isWindowModified() != m_isMarked)
         setWindowModified(m_isMarked);
+    if (Event->type() == QEvent::WindowStateChange && m_isGrown && !isMaximized()
+        && !isMinimized()) {
+        m_isGrown = false;
+        TakeKeptSize();
+    }
 }
 
 void frmMain::SetHourglass(bool Shown)

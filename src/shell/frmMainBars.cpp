@@ -114,6 +114,7 @@ void frmMain::SetShortcuts()
         {"mnuFileSave", {QKeySequence::Save}},
         {"mnuFileSaveAs", {QKeySequence("Ctrl+Shift+S")}},
         {"mnuFilePrint", {QKeySequence::Print}},
+        {"Print", {QKeySequence("Ctrl+Shift+P")}},
         {"mnuFileExit", {QKeySequence("Ctrl+Q")}},
         {"mnuEditCopy", {QKeySequence::Copy}},
         {"mnuViewToolBox", {QKeySequence("Ctrl+1")}},
@@ -171,6 +172,7 @@ void frmMain::MakeZoomBox()
     m_zoomBox->setObjectName("cboZoom");
     m_zoomBox->setAccessibleName("Zoom");
     m_zoomBox->setToolTip("Zoom");
+    m_zoomBox->setFocusPolicy(Qt::TabFocus);
     m_zoomBox->setMaxVisibleItems(static_cast<int>(ZoomLevels.size()));
     for (const int percent : ZoomLevels)
         m_zoomBox->addItem(QString("%1%").arg(percent), percent);

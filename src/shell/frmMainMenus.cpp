@@ -244,8 +244,7 @@ void frmMain::ListWindows(QMenu& Below)
         action->setCheckable(true);
         action->setChecked(window == m_area->activeSubWindow());
         m_windowList->addAction(action);
-        connect(action, &QAction::triggered, window,
-            [this, window] { m_area->setActiveSubWindow(window); });
+        connect(action, &QAction::triggered, window, [window] { window->BringToFront(); });
     }
     for (QAction* const action : m_windowList->actions())
         action->setParent(m_windowList);

@@ -20,16 +20,25 @@ int PixelsOf(int Twips)
 void frmMain::ReadSettings()
 {
     m_kept = ReadMainWindow(*m_settings, Screens());
-    resize(PixelsOf(m_kept.Width), PixelsOf(m_kept.Height));
+    TakeKeptSize();
     move(PixelsOf(m_kept.Left), PixelsOf(m_kept.Top));
-    if (m_kept.State == WindowState::Maximized)
+    if (m_kept.State == WindowState::Maximized) {
+        // What comes up before the window system has maximised it finds the room that there will
+        // be.
+        resize(screen()->availableGeometry().size());
+        m_isGrown = true;
         setWindowState(Qt::WindowMaximized);
-    else if (m_kept.State == WindowState::Minimized)
+    } else if (m_kept.State == WindowState::Minimized)
         setWindowState(Qt::WindowMinimized);
     findChild<QAction*>("mnuViewToolbar")->setChecked(m_kept.Toolbar);
     findChild<QAction*>("mnuViewStatusBar")->setChecked(m_kept.StatusBar);
     for (ToolWindow* const window : m_toolWindows)
         window->ReadSettings(*m_settings, m_kept);
+}
+
+void frmMain::TakeKeptSize()
+{
+    resize(PixelsOf(m_kept.Width), PixelsOf(m_kept.Height));
 }
 
 void frmMain::WriteSettings()

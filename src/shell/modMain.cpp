@@ -158,6 +158,8 @@ void Session::ActivateDocument(clsDocument& Front, ViewType View)
         Front.OutputViews_NotePlaces();
     m_activeDocument = Front.DocNumber;
     Front.ActiveView = View;
+    if (changed && Front.ImageViewExists()) // the current order may have changed meanwhile
+        Front.ImageView()->Repaint();
     if (View == ViewType::Interferogram && Front.ImageViewExists())
         Tools.EditMode = Front.ImageView()->Tools().EditMode();
     Tools.SetControls(ActiveTools() ? ActiveTools()->Controls() : ToolControls{});
@@ -223,6 +225,11 @@ void Session::ToggleView(ViewType View)
     clsDocument* const active = Active();
     if (!active || !active->OutputViewsExist() || View == ViewType::Interferogram)
         return;
+    if (!active->View(View)) {
+        m_frame.UpdateMainFrame(); // its command is unchecked again
+        m_frame.ShowHint("This view is not available yet.");
+        return;
+    }
     bool& visible = active->Visible.At(View);
     visible = !visible;
     active->OutputViews_UpdateVisibility(Activation::LeaveFocus);

@@ -115,6 +115,8 @@ void Session::ClearDocument(clsDocument& Of)
     if (Prefs.HogWindows)
         Of.OutputViews_GiveGlobals();
     Of.ClearGeometry();
+    if (Of.ImageViewExists())
+        Of.ImageView()->Tools().Reset();
 }
 
 bool Session::ReadDocument(clsDocument& Into, const std::string& Path, bool Quiet)

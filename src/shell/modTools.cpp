@@ -16,11 +16,6 @@ clsShape& ShapeOf(clsDocument& of, ShapeRole role)
     return role == ShapeRole::Aperture ? of.Aperture : of.Obstruction;
 }
 
-void RefuseOrder(Session& in)
-{
-    in.ShowMessage("New fringe order is out of range", MessageOk, "Bad Input");
-}
-
 } // namespace
 
 MouseTools* Session::ActiveTools() const
@@ -86,16 +81,17 @@ void Session::LoadShapeIntoActive(ShapeRole Role)
 {
     if (!ActiveTools() || !LoadShape(Role, *Active()))
         return;
-    ActiveTools()->Forget();
     Active()->InvalidateMask();
-    Active()->ImageView()->Repaint();
+    Active()->ImageView()->RefreshContents();
     m_frame.UpdateMainFrame();
 }
 
 void Session::SaveShape(ShapeRole Role)
 {
-    if (clsDocument* const active = Active(); active && m_settings)
+    if (clsDocument* const active = Active(); active && m_settings) {
         morvane::SaveShape(*m_settings, SavedNameOf(Role), ShapeOf(*active, Role));
+        m_settings->Save(); // at once: other running programs load it too
+    }
 }
 
 void Session::InsertFringe()
@@ -105,7 +101,8 @@ void Session::InsertFringe()
         return;
     tools->SaveFringe(Tools.CurrentOrder());
     if (!tools->InsertFringe(Tools.CurrentOrder())) {
-        RefuseOrder(*this);
+        m_frame.ShowHint("Order " + std::to_string(MaxFringes)
+            + " is in use: there is no room for another fringe order.");
         return;
     }
     Active()->ImageView()->Repaint();
@@ -137,7 +134,7 @@ void Session::RenumberFringe()
     if (!answer || !renumbered->ImageViewExists())
         return;
     if (answer->Clamped) {
-        RefuseOrder(*this);
+        ShowMessage("New fringe order is out of range", MessageOk, "Bad Input");
         return;
     }
     renumbered->ImageView()->Tools().RenumberFringe(RoundToLong(answer->Value), order);
@@ -177,7 +174,6 @@ void Session::ClearFringes()
 {
     if (!ActiveTools())
         return;
-    ActiveTools()->Forget();
     Active()->ClearFringes();
     m_frame.UpdateMainFrame();
 }

@@ -52,6 +52,7 @@ frmText::frmText(clsDocument& Of, ViewType Kind, Session& In)
     m_text->setAcceptDrops(false); // a file dropped here is opened by the main window
     m_text->document()->setDocumentMargin(TextMargin);
     setWidget(m_text);
+    m_text->viewport()->installEventFilter(this);
 }
 
 void frmText::Repaint()
@@ -119,6 +120,8 @@ QSize frmText::SizeOfText() const
 bool frmText::eventFilter(QObject* Watched, QEvent* Event)
 {
     // What is selected is copied by the box itself, before any command of the main window.
+    if (Watched == m_text->viewport() && Event->type() == QEvent::MouseButtonPress)
+        raise();
     if (Watched == m_text && Event->type() == QEvent::ShortcutOverride
         && m_text->textCursor().hasSelection()
         && static_cast<QKeyEvent*>(Event)->matches(QKeySequence::Copy)) {

@@ -53,6 +53,8 @@ char LetterOf(const DeviceCall& call)
         case DeviceCall::Kind::Ellipse:
             return call.Box.Width() > 100 ? 'A' : 'O';
         case DeviceCall::Kind::Polyline:
+        case DeviceCall::Kind::Polygon:
+        case DeviceCall::Kind::Text:
             break;
         }
         const DevicePoint a = call.Points[0], b = call.Points[1];

@@ -167,8 +167,8 @@ TEST(SessionAnalysis, CommonViewsGiveWayToThoseOfTheInterferogramInFront)
     session.Main.ToggleView(ViewType::Aberrations);
     session.Frame.Log.Lines.clear();
     session.Main.ActivateDocument(*first, ViewType::Interferogram);
-    EXPECT_EQ(
-        session.Frame.Log.Lines, (std::vector<std::string>{"Zernikes: hide", "Zernikes: show"}));
+    EXPECT_EQ(session.Frame.Log.Lines,
+        (std::vector<std::string>{"Zernikes: hide", "Zernikes: show", "Image: repaint"}));
     EXPECT_FALSE(first->Visible.Aberrations);
 }
 

@@ -233,10 +233,7 @@ TEST_F(frmMainBars, ViewItemsToggleTheirFlags)
 {
     clsDocument& document = OpenAnalyzed();
     const std::pair<const char*, bool PerView<bool>::*> views[] = {
-        {"mnuViewSurfacePlot", &PerView<bool>::SurfacePlot},
-        {"mnuViewContourPlot", &PerView<bool>::ContourPlot},
         {"mnuViewLineProfile", &PerView<bool>::LineProfile},
-        {"mnuViewSFringe", &PerView<bool>::SFringe},
         {"mnuViewAberrations", &PerView<bool>::Aberrations},
         {"mnuViewZernikes", &PerView<bool>::Zernikes},
         {"mnuViewGridResults", &PerView<bool>::GridResults}};
@@ -248,6 +245,20 @@ TEST_F(frmMainBars, ViewItemsToggleTheirFlags)
             EXPECT_EQ(document.Visible, expected) << name;
             EXPECT_EQ(Checked(name), expected.*flag) << name;
         }
+}
+
+// They have no window yet.
+TEST_F(frmMainBars, ViewItemsWithoutAWindowSaySo)
+{
+    clsDocument& document = OpenAnalyzed();
+    const PerView<bool> before = document.Visible;
+    for (const char* name : {"mnuViewSurfacePlot", "mnuViewContourPlot", "mnuViewSFringe"}) {
+        EXPECT_FALSE(Checked(name)) << name;
+        Trigger(name);
+        EXPECT_FALSE(Checked(name)) << name;
+        EXPECT_EQ(Panel(1), "This view is not available yet.");
+    }
+    EXPECT_EQ(document.Visible, before);
 }
 
 TEST_F(frmMainBars, PanelsTellOfThePictureInFront)

@@ -40,6 +40,13 @@ void ChildWindow::ShowWindow(Activation How)
         show();
     if (mdiArea())
         mdiArea()->setActiveSubWindow(this);
+    raise(); // the active one may lie below views that were shown without the focus
+}
+
+void ChildWindow::mousePressEvent(QMouseEvent* Event)
+{
+    raise();
+    QMdiSubWindow::mousePressEvent(Event);
 }
 
 void ChildWindow::ShowCaption(const std::string& Caption)

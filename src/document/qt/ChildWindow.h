@@ -16,6 +16,8 @@ public:
 
     // The window has come to the front.
     void Activated() { m_session.ActivateDocument(m_document, m_kind); }
+    // Out of its icon and above the others, with the focus.
+    void BringToFront() { ShowWindow(Activation::TakeFocus); }
     // As shown, without the mark.
     const QString& Caption() const { return m_caption; }
     // Marks the caption while the document has unsaved changes.
@@ -34,6 +36,7 @@ protected:
     void showEvent(QShowEvent* Event) override;
     // Of an output view: it is hidden, and the document knows.
     void closeEvent(QCloseEvent* Event) override;
+    void mousePressEvent(QMouseEvent* Event) override;
     void moveEvent(QMoveEvent* Event) override;
     void resizeEvent(QResizeEvent* Event) override;
     bool eventFilter(QObject* Watched, QEvent* Event) override;

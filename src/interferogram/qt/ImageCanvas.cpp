@@ -1,6 +1,7 @@
 #include "interferogram/qt/ImageCanvas.h"
 
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -16,7 +17,7 @@
 namespace morvane {
 namespace {
 
-constexpr int ScrollStep = 16; // image pixels
+constexpr double ScrollStep = 24; // of the arrows and of a line of the wheel, logical pixels
 constexpr int WheelStep = 120; // of a usual wheel
 
 int ShiftOf(Qt::KeyboardModifiers keys)
@@ -64,10 +65,13 @@ void ImageCanvas::RefreshPicture()
         ToColor(palette().color(QPalette::Button)));
     m_tools.Forget();
     Layout();
+    if (IsActive()) // what it told of the picture before
+        ShowPosition("", "");
 }
 
 void ImageCanvas::SetZoom(int Percent)
 {
+    m_tools.EndPan();
     m_viewport.SetZoomPercent(Percent);
     Layout();
 }
@@ -88,7 +92,7 @@ void ImageCanvas::ShowScrollBars()
     const auto show = [this](QScrollBar& bar, const ScrollBar& state, int client) {
         bar.setRange(0, std::max(0, state.Max));
         bar.setPageStep(std::max(1, RoundToLong(client * m_viewport.InvZoom())));
-        bar.setSingleStep(ScrollStep);
+        bar.setSingleStep(std::max(1, RoundToLong(ScrollStep * m_density * m_viewport.InvZoom())));
         bar.setValue(state.Value);
         bar.setEnabled(state.Enabled);
     };
@@ -184,8 +188,10 @@ void ImageCanvas::MarkChanges()
 
 void ImageCanvas::paintEvent(QPaintEvent*)
 {
-    if (m_density != devicePixelRatioF())
+    if (m_density != devicePixelRatioF()) {
+        viewport()->setCursor(PointerFor(m_pointer, devicePixelRatioF()));
         Layout();
+    }
     if (m_client.Fit(*viewport()))
         m_isCurrent = false;
     if (m_client.IsNull())
@@ -207,12 +213,14 @@ void ImageCanvas::scrollContentsBy(int, int)
 {
     if (m_isShowingBars)
         return;
+    m_tools.EndPan();
     m_viewport.ScrollTo(horizontalScrollBar()->value(), verticalScrollBar()->value());
     Repaint();
 }
 
 void ImageCanvas::mousePressEvent(QMouseEvent* Event)
 {
+    m_document.ImageView()->Raise();
     const QPointF at = Event->position() * m_density;
     const int shift = ShiftOf(Event->modifiers());
     if (Event->button() == Qt::LeftButton)
@@ -268,8 +276,17 @@ void ImageCanvas::wheelEvent(QWheelEvent* Event)
 void ImageCanvas::keyPressEvent(QKeyEvent* Event)
 {
     m_tools.KeysChanged(ShiftOf(Event->modifiers()));
-    if (Event->key() != Qt::Key_Space)
+    if (Event->key() == Qt::Key_Escape)
+        m_tools.StopDrawingObject();
+    else if (Event->key() != Qt::Key_Space)
         QAbstractScrollArea::keyPressEvent(Event);
+}
+
+// Keys may have gone down or up while another window had the focus.
+void ImageCanvas::focusInEvent(QFocusEvent* Event)
+{
+    QAbstractScrollArea::focusInEvent(Event);
+    m_tools.KeysChanged(ShiftOf(QGuiApplication::keyboardModifiers()));
 }
 
 // A key held down repeats its release too, which is none.

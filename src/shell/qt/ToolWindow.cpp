@@ -15,7 +15,7 @@ ToolWindow::ToolWindow(
 {
     m_command.setEnabled(true);
     connect(&m_command, &QAction::triggered, this,
-        [this](bool shown) { shown ? Show() : m_window.hide(); });
+        [this](bool shown) { shown ? ShowWithFocus() : m_window.hide(); });
 }
 
 void ToolWindow::ReadSettings(SettingsStore& From, const MainWindowSettings& Shown)
@@ -48,6 +48,13 @@ void ToolWindow::NoteVisible(bool Visible)
     m_command.setChecked(Visible);
 }
 
+// The user has asked for it: the keys go there.
+void ToolWindow::ShowWithFocus()
+{
+    Show();
+    m_window.activateWindow();
+}
+
 void ToolWindow::Show()
 {
     if (!IsPlaced())
@@ -60,14 +67,13 @@ bool ToolWindow::IsPlaced() const
     return m_window.testAttribute(Qt::WA_Moved);
 }
 
-// The corner of the screen is where nobody has put it yet.
 void ToolWindow::Place()
 {
     m_window.adjustSize(); // a later change would take the place for that inside the frame
     const QSize size = m_window.size();
     const QPoint usual = m_first(size);
     const QPoint kept = KeptPlace(size, usual);
-    m_window.move(!kept.isNull() && IsReachable({kept, size}) ? kept : usual);
+    m_window.move(IsReachable({kept, size}) ? kept : usual);
 }
 
 QPoint ToolWindow::KeptPlace(QSize Of, QPoint Usual) const

@@ -41,6 +41,7 @@ public slots:
 
 private:
     void Show();
+    void ShowWithFocus();
     void Place();
     bool IsPlaced() const;
     QPoint KeptPlace(QSize Of, QPoint Usual) const;
