@@ -18,7 +18,6 @@
 #include "shell/frmMain.h"
 #include "shell/qt/Screens.h"
 #include "views/frmLineProfile.h"
-#include "views/qt/ProfileCanvas.h"
 
 // Outside of all namespaces, as the macro asks for.
 static void InitResources()
@@ -90,11 +89,16 @@ public:
             document.OutputViews_UpdateVisibility(Activation::LeaveFocus);
         }
         auto& window = dynamic_cast<frmLineProfile&>(*document.View(ViewType::LineProfile));
+        QApplication::processEvents();
+        window.Raise();
         window.resize(window.size() + QSize(800, 600) - CanvasOf(window).size());
         QApplication::processEvents();
         return window;
     }
-    static QWidget& CanvasOf(frmLineProfile& Window) { return *Window.findChild<ProfileCanvas*>(); }
+    static QWidget& CanvasOf(frmLineProfile& Window)
+    {
+        return *Window.findChild<QWidget*>("picProfile");
+    }
 
 private:
     void DrawOn(const BenchPicture& picture)

@@ -5,6 +5,7 @@
 namespace morvane {
 ProfileCanvas::ProfileCanvas()
 {
+    setObjectName("picProfile");
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(1, 1);
 }
