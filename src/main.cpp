@@ -13,6 +13,7 @@
 #include "platform/qt/QtMessages.h"
 #include "shell/CommandLine.h"
 #include "shell/frmMain.h"
+#include "shell/frmSplash.h"
 #include "shell/qt/Appearance.h"
 #include "shell/qt/EndSignals.h"
 #include "shell/qt/Screens.h"
@@ -49,6 +50,11 @@ std::string Today()
 int Run(QApplication& Application, morvane::QtMessages& Messages,
     const morvane::CommandLine& CommandLine)
 {
+    morvane::frmSplash splash;
+    if (!CommandLine.Embedding) {
+        splash.show();
+        QApplication::processEvents();
+    }
     morvane::SettingsStore settings(morvane::SettingsPath());
     morvane::frmMain frame;
     Messages.SetMainWindow(&frame);
@@ -56,6 +62,7 @@ int Run(QApplication& Application, morvane::QtMessages& Messages,
     session.ReadSettings(settings, morvane::Screens(), Today());
     frame.Attach(session, settings);
     frame.show();
+    splash.close();
 
     // Without a bus the program runs by hand all the same; a server without one is of no use.
     morvane::MorvaneBus bus(session);

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QUrl>
@@ -12,6 +11,7 @@
 #include "document/qt/ChildWindow.h"
 #include "shell/HelpPage.h"
 #include "shell/frmMain.h"
+#include "shell/frmSplash.h"
 #include "shell/modFileLib.h"
 #include "shell/qt/Tiling.h"
 #include "shell/qt/WorkArea.h"
@@ -271,10 +271,7 @@ void frmMain::ShowHelp()
 
 void frmMain::ShowAbout()
 {
-    QMessageBox::about(this, "About Morvane",
-        "<h3>Morvane " + QApplication::applicationVersion()
-            + "</h3><p>Analyzes interferograms of mirrors and lenses: from the "
-              "picture of the fringes to the aberrations of the optic.</p>");
+    frmSplash(this).exec();
 }
 
 } // namespace morvane
