@@ -29,9 +29,7 @@ QRect RoomForPicture(QSize WorkArea, int Slot)
 
 QRect PlaceOfProfile(QSize WorkArea)
 {
-    const int left = std::max(0, WorkArea.width() - 2 * Gap - TextColumn - ProfileSize.width());
-    const int top = std::max(0, WorkArea.height() - Gap - ProfileSize.height());
-    return {QPoint(left, top), ProfileSize};
+    return {QPoint(Gap, std::max(0, WorkArea.height() - Gap - ProfileSize.height())), ProfileSize};
 }
 
 QRect PlaceOfText(QSize WorkArea, ViewType Kind, QSize Needed)

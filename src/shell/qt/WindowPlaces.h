@@ -14,7 +14,7 @@ QRect RoomForPicture(QSize WorkArea, int Slot);
 // Needed is the size at which the whole text shows.
 QRect PlaceOfText(QSize WorkArea, ViewType Kind, QSize Needed);
 
-// Beside the texts, at the lower edge.
+// In the lower left corner: below the picture, if that is small.
 QRect PlaceOfProfile(QSize WorkArea);
 
 // Area and Room, the screen's, in the screen's coordinates, as is the result: beside the texts, or
