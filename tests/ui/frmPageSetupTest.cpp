@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSvgRenderer>
+#include <QTimer>
 
 #include "Desk.h"
 #include "report/PaneViews.h"
@@ -124,6 +125,19 @@ TEST_F(frmPageSetupDialog, EachViewHasItsMiniature)
         EXPECT_EQ(exists, choice.View != PaneView::None) << choice.Name;
         EXPECT_TRUE(!exists || QSvgRenderer(file).isValid()) << choice.Name;
     }
+}
+
+TEST_F(frmPageSetupDialog, TheCommandOpensItForThisSession)
+{
+    Open();
+    QTimer::singleShot(0, [&] {
+        auto* const opened = qobject_cast<frmPageSetup*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(opened);
+        In<QComboBox>(*opened, "cboPanes").setCurrentIndex(3);
+        opened->accept();
+    });
+    Trigger("mnuFilePageSetup");
+    EXPECT_EQ(Report.NumPanes, 4);
 }
 
 TEST_F(frmPageSetupDialog, ItsPlaceIsKept)

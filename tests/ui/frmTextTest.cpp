@@ -46,6 +46,15 @@ TEST_F(frmTextView, KeysSelectAndCopy)
     EXPECT_EQ(QApplication::clipboard()->text(), "Output Units: Waves");
 }
 
+TEST_F(frmTextView, WithoutASelectionTheKeyCopiesAll)
+{
+    Window.Show(Activation::TakeFocus);
+    Box.setFocus();
+    Settle();
+    QTest::keyClick(&Box, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), Box.toPlainText());
+}
+
 TEST_F(frmTextView, OnlySelectingCopyingAndHelpKeysReachTheBox)
 {
     const struct {

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTimer>
 
 #include "Desk.h"
 
@@ -53,6 +54,18 @@ TEST_F(frmUserDataDialog, OkStoresTheTextsAndCancelNothing)
         EXPECT_EQ(Session.Prefs.SetAsDefault, accepted);
         EXPECT_EQ(Session.Prefs.DefaultUserData.Operator, accepted ? "Ada" : "");
     }
+}
+
+TEST_F(frmUserDataDialog, TheCommandOpensItForTheActiveDocument)
+{
+    QTimer::singleShot(0, [&] {
+        auto* const opened = qobject_cast<frmUserData*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(opened);
+        In<QLineEdit>(*opened, "txtDescription").setText("flat");
+        opened->accept();
+    });
+    Trigger("mnuEditUserData");
+    EXPECT_EQ(Optic.Description, "flat");
 }
 
 TEST_F(frmUserDataDialog, TodayIsADateInEnglish)
