@@ -51,7 +51,7 @@ DeviceRect PreviewedPage(DeviceSize In, const ReportPreferences& Chosen)
 void DrawPagePreview(Device& On, const ReportPreferences& Chosen)
 {
     const DeviceRect page = PreviewedPage(BoxOf(On), Chosen);
-    const int drop = std::max(1, page.Left / 5);
+    const int drop = std::max(page.Width(), page.Height()) / 90;
     On.FillRectangle(On.Bounds(), Desk);
     On.FillRectangle(
         {page.Left + drop, page.Top + drop, page.Right + drop, page.Bottom + drop}, Shadow);
