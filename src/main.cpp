@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <ctime>
 #include <optional>
 #include <span>
 
@@ -39,14 +38,6 @@ bool HasDisplay(int Count, char** Arguments)
     return false;
 }
 
-std::string Today()
-{
-    const std::time_t now = std::time(nullptr);
-    std::tm day{};
-    localtime_r(&now, &day);
-    return morvane::DateText(day);
-}
-
 int Run(QApplication& Application, morvane::QtMessages& Messages,
     const morvane::CommandLine& CommandLine)
 {
@@ -59,7 +50,7 @@ int Run(QApplication& Application, morvane::QtMessages& Messages,
     morvane::frmMain frame;
     Messages.SetMainWindow(&frame);
     morvane::Session session(Messages, frame);
-    session.ReadSettings(settings, morvane::Screens(), Today());
+    session.ReadSettings(settings, morvane::Screens(), morvane::TodayText());
     frame.Attach(session, settings);
     frame.show();
     splash.close();

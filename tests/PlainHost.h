@@ -38,6 +38,7 @@ public:
 class PlainTextWindow final : public PlainWindow<TextWindow> {
 public:
     void SetText(const std::string&, const TextFont&, std::span<const int>) override { }
+    std::string TextToCopy() const override { return {}; }
 };
 
 class PlainProfileWindow final : public PlainWindow<ProfileWindow> {

@@ -37,6 +37,7 @@ public:
     void Repaint() override { Write("repaint"); }
 
 protected:
+    const std::string& Name() const { return m_name; }
     void Write(const std::string& Text) { m_log.Lines.push_back(m_name + ": " + Text); }
 
 private:
@@ -104,6 +105,7 @@ public:
     {
         Write("text " + Text.substr(0, Text.find('\r')));
     }
+    std::string TextToCopy() const override { return "copied from " + Name(); }
 };
 
 class RecordingProfileWindow final : public RecordingWindow<ProfileWindow> {
@@ -125,6 +127,7 @@ public:
     std::vector<FileChoice> Choices;
     std::vector<FileRequest> Requests;
     std::string LastHint;
+    std::string Clipboard;
     std::vector<FringePopup> Popups;
     std::vector<InputRequest> Inputs;
     std::optional<std::string> TypedText; // into every such dialog; none cancels it
@@ -137,6 +140,7 @@ public:
     void ShowHint(const std::string& Hint) override { LastHint = Hint; }
     void ShowPosition(const std::string&, const std::string&) override { }
     void ShowFringePopup(const FringePopup& Menu) override { Popups.push_back(Menu); }
+    void PutOnClipboard(const std::string& Text) override { Clipboard = Text; }
     std::optional<InputAnswer> AskInput(const InputRequest& Request) override
     {
         Inputs.push_back(Request);

@@ -51,18 +51,23 @@ DocumentWindow* clsDocument::View(ViewType Kind) const
         return m_imageView.get();
     case LineProfile:
         return m_lineProfileView.get();
+    default:
+        return TextView(Kind);
+    }
+}
+
+TextWindow* clsDocument::TextView(ViewType Kind) const
+{
+    switch (Kind) {
     case Aberrations:
         return m_aberrationsView.get();
     case Zernikes:
         return m_zernikesView.get();
     case GridResults:
         return m_gridResultsView.get();
-    case SurfacePlot:
-    case ContourPlot:
-    case SFringe:
-        break;
+    default:
+        return nullptr;
     }
-    return nullptr;
 }
 
 bool clsDocument::CreateImageView()

@@ -56,6 +56,8 @@ class TextWindow : public DocumentWindow {
 public:
     virtual void SetText(
         const std::string& Text, const TextFont& Font, std::span<const int> TabStops) = 0;
+    // What is selected, or all of it.
+    virtual std::string TextToCopy() const = 0;
 };
 
 // The wavefront along a line through the center of the pupil.

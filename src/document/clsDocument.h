@@ -177,6 +177,8 @@ public:
     ImageWindow* ImageView() const { return m_imageView.get(); }
     // The window of a view; nullptr before it has been created.
     DocumentWindow* View(ViewType Kind) const;
+    // nullptr for a view that is no text, too.
+    TextWindow* TextView(ViewType Kind) const;
     bool CreateImageView();
     // Places them, in the individual workspace a step further than those before, and takes the
     // default visibility of each from the preferences.

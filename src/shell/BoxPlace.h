@@ -17,6 +17,8 @@ struct PlaceKey {
 inline constexpr PlaceKey AnalyzePlace{"Analyze"};
 inline constexpr PlaceKey ToolBoxPlace{"Toolbox"};
 inline constexpr PlaceKey InputPlace{MainSection, "InputDlg"};
+inline constexpr PlaceKey PageSetupPlace{MainSection, "PageSetup"};
+inline constexpr PlaceKey UserDataPlace{MainSection, "UserData"};
 
 struct PlaceLimits {
     static constexpr int Farthest = 32767; // either side of the screen's corner

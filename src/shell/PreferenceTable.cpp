@@ -311,4 +311,12 @@ std::string DateText(const std::tm& Day)
         + ", " + std::to_string(1900 + Day.tm_year);
 }
 
+std::string TodayText()
+{
+    const std::time_t now = std::time(nullptr);
+    std::tm day{};
+    localtime_r(&now, &day);
+    return DateText(day);
+}
+
 } // namespace morvane

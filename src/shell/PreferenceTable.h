@@ -51,5 +51,6 @@ ZernikeSet ReadSharedReference(SettingsStore& From);
 
 // As "Mar 7, 2026", in English everywhere.
 std::string DateText(const std::tm& Day);
+std::string TodayText();
 
 } // namespace morvane

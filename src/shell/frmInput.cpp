@@ -5,8 +5,7 @@
 #include <QValidator>
 #include <algorithm>
 
-#include "shell/BoxPlace.h"
-#include "shell/qt/Screens.h"
+#include "shell/qt/DialogPlace.h"
 #include "ui_frmInput.h"
 
 namespace morvane {
@@ -42,20 +41,10 @@ frmInput::frmInput(const InputRequest& Request, SettingsStore& Settings, QWidget
     m_ui->txtInput->selectAll(); // even if the window system is slow to give it the focus
     m_ui->buttons->button(QDialogButtonBox::Ok)->setObjectName("cmdOK");
     m_ui->buttons->button(QDialogButtonBox::Cancel)->setObjectName("cmdCancel");
-    TakeKeptPlace();
+    TakeKeptPlace(*this, Settings, InputPlace);
 }
 
 frmInput::~frmInput() = default;
-
-// Without one it comes up in the middle of its owner.
-void frmInput::TakeKeptPlace()
-{
-    adjustSize(); // a later change would take the place for that inside the frame
-    const QPoint middle = parentWidget()->frameGeometry().center() - rect().center();
-    const BoxPlace place = ReadPlace(m_settings, InputPlace, {middle.x(), middle.y()});
-    const QPoint kept(place.Left, place.Top);
-    move(IsReachable({kept, size()}) ? kept : middle);
-}
 
 InputAnswer frmInput::Answer() const
 {
@@ -64,7 +53,7 @@ InputAnswer frmInput::Answer() const
 
 void frmInput::done(int Result)
 {
-    WritePlace(m_settings, InputPlace, {x(), y()});
+    KeepPlace(*this, m_settings, InputPlace);
     QDialog::done(Result);
 }
 

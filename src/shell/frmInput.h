@@ -29,8 +29,6 @@ protected:
     bool eventFilter(QObject* Watched, QEvent* Event) override;
 
 private:
-    void TakeKeptPlace();
-
     InputRequest m_request;
     SettingsStore& m_settings;
     std::unique_ptr<Ui::frmInput> m_ui;

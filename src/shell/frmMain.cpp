@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QMdiArea>
@@ -205,6 +206,11 @@ void frmMain::SetHourglass(bool Shown)
         QApplication::setOverrideCursor(Qt::WaitCursor);
     else
         QApplication::restoreOverrideCursor();
+}
+
+void frmMain::PutOnClipboard(const std::string& Text)
+{
+    QApplication::clipboard()->setText(QString::fromStdString(Text));
 }
 
 std::optional<InputAnswer> frmMain::AskInput(const InputRequest& Request)

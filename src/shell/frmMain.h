@@ -41,6 +41,7 @@ public:
     void ShowHint(const std::string& Hint) override;
     void ShowPosition(const std::string& Position, const std::string& Intensity) override;
     void ShowFringePopup(const FringePopup& Menu) override;
+    void PutOnClipboard(const std::string& Text) override;
     std::optional<InputAnswer> AskInput(const InputRequest& Request) override;
     std::optional<FileChoice> AskOpen(const FileRequest& Request) override;
     std::optional<FileChoice> AskSave(const FileRequest& Request) override;

@@ -8,7 +8,9 @@
 #include <QUrl>
 
 #include "document/frmAspectRatio.h"
+#include "document/frmUserData.h"
 #include "document/qt/ChildWindow.h"
+#include "report/frmPageSetup.h"
 #include "shell/HelpPage.h"
 #include "shell/frmMain.h"
 #include "shell/frmSplash.h"
@@ -78,7 +80,7 @@ void frmMain::MakeFileMenu()
             [](Session& session, clsDocument& active) { session.ExportZernikesDialog(active); }));
     menu.addSeparator();
     Add(menu, Command::PageSetup, "mnuFilePageSetup", "Page Set&up...",
-        Refuse("The page setup is not available yet."));
+        [this] { frmPageSetup(m_session->Prefs.Report, *m_settings, this).exec(); });
     Add(menu, Command::Print, "mnuFilePrint", "&Print...",
         Refuse("Printing is not available yet."));
     menu.addSeparator();
@@ -124,10 +126,12 @@ void frmMain::ShowRecentFiles()
 void frmMain::MakeEditMenu()
 {
     QMenu& menu = AddMenu(*menuBar(), "mnuEdit", "&Edit");
-    Add(menu, Command::Copy, "mnuEditCopy", "&Copy", Refuse("Copying is not available yet."));
+    Add(menu, Command::Copy, "mnuEditCopy", "&Copy", [this] { m_session->CopyText(); });
     menu.addSeparator();
     Add(menu, Command::UserData, "mnuEditUserData", "User &Data...",
-        Refuse("The user data are not available yet."));
+        OnActive([this](Session& session, clsDocument& active) {
+            frmUserData(active, session, *m_settings, this).exec();
+        }));
     Add(menu, Command::ClearFringes, "mnuEditClearFringes", "Clea&r Fringes",
         [this] { m_session->ClearFringes(); });
     Add(menu, Command::Properties, "mnuEditProperties", "&Properties...",

@@ -33,6 +33,7 @@ public:
     virtual void ShowPosition(const std::string& Position, const std::string& Intensity) = 0;
     // At the mouse; PopupActive of the tool box is to end with it.
     virtual void ShowFringePopup(const FringePopup& Menu) = 0;
+    virtual void PutOnClipboard(const std::string& Text) = 0;
     // A dialog with one box; nothing if the user cancels.
     virtual std::optional<InputAnswer> AskInput(const InputRequest& Request) = 0;
 };
@@ -90,6 +91,12 @@ public:
     void AdjustAspectRatio(double Ratio);
     void AnalyzeFringes();
     void ToggleView(ViewType View);
+    // What is selected in the active text view, or all of it, to the clipboard; with another view
+    // in front it stays as it is.
+    void CopyText();
+    // With AsDefault they are those of new documents too. A document that has been closed meanwhile
+    // changes nothing.
+    void SetUserData(clsDocument& Of, const UserData& Typed, bool AsDefault);
     // The analysis of Target with the options of the box; false if a warning ended it.
     bool ApplyAnalysis(clsDocument& Target);
     // A picture of a file as a new document on the screen; nullptr if that failed.

@@ -5,6 +5,7 @@
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QTextDocumentFragment>
 
 #include "shell/qt/WindowPlaces.h"
 
@@ -78,6 +79,14 @@ void frmText::SetText(const std::string& Text, const TextFont& Font, std::span<c
     const QSize frame = sizeHint() - m_text->sizeHint();
     setGeometry(PlaceOfText(mdiArea()->size(), m_kind, SizeOfText() + frame));
     m_placed = true;
+}
+
+std::string frmText::TextToCopy() const
+{
+    const QTextCursor cursor = m_text->textCursor();
+    const QString text =
+        cursor.hasSelection() ? cursor.selection().toPlainText() : m_text->toPlainText();
+    return text.toStdString();
 }
 
 void frmText::SetFont(const TextFont& Font)

@@ -20,6 +20,7 @@ public:
     void Repaint() override;
     void SetText(
         const std::string& Text, const TextFont& Font, std::span<const int> TabStops) override;
+    std::string TextToCopy() const override;
 
 protected:
     bool eventFilter(QObject* Watched, QEvent* Event) override;

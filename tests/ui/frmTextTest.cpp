@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QDropEvent>
 #include <QMdiArea>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTextBlock>
 
 #include "Desk.h"
+#include "document/DocumentTexts.h"
 
 namespace morvane::test {
 namespace {
@@ -41,6 +44,100 @@ TEST_F(frmTextView, KeysSelectAndCopy)
     QTest::keyClick(&Box, Qt::Key_End, Qt::ShiftModifier);
     QTest::keyClick(&Box, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), "Output Units: Waves");
+}
+
+TEST_F(frmTextView, WithoutASelectionTheKeyCopiesAll)
+{
+    Window.Show(Activation::TakeFocus);
+    Box.setFocus();
+    Settle();
+    QTest::keyClick(&Box, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), Box.toPlainText());
+}
+
+TEST_F(frmTextView, OnlySelectingCopyingAndHelpKeysReachTheBox)
+{
+    const struct {
+        const char* Name;
+        Qt::Key Key;
+        Qt::KeyboardModifiers With;
+        bool Selects;
+    } cases[] = {
+        {"line down", Qt::Key_Down, Qt::ShiftModifier, true},
+        {"word", Qt::Key_Right, Qt::ShiftModifier | Qt::ControlModifier, true},
+        {"page", Qt::Key_PageDown, Qt::ShiftModifier, true},
+        {"to the end", Qt::Key_End, Qt::ShiftModifier | Qt::ControlModifier, true},
+        {"all", Qt::Key_A, Qt::ControlModifier, false},
+        {"letter", Qt::Key_C, Qt::ShiftModifier, false},
+    };
+    for (const auto& c : cases) {
+        Box.moveCursor(QTextCursor::Start);
+        QTest::keyClick(&Box, c.Key, c.With);
+        EXPECT_EQ(Box.textCursor().hasSelection(), c.Selects) << c.Name;
+    }
+}
+
+TEST_F(frmTextView, NothingCanBeDropped)
+{
+    QMimeData text;
+    text.setText("dropped");
+    for (QWidget* const target : {static_cast<QWidget*>(&Box), Box.viewport()}) {
+        QDragEnterEvent enter(
+            QPoint(20, 20), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(target, &enter);
+        QDropEvent drop(QPointF(20, 20), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(target, &drop);
+    }
+    EXPECT_FALSE(Box.toPlainText().contains("dropped"));
+}
+
+TEST_F(frmTextView, TheCommandCopiesWhatIsSelectedOrAll)
+{
+    Window.Activated();
+    Trigger("mnuEditCopy");
+    EXPECT_EQ(QApplication::clipboard()->text(), Box.toPlainText());
+    QTextCursor cursor = Box.textCursor();
+    cursor.movePosition(QTextCursor::Down, QTextCursor::KeepAnchor, 3);
+    Box.setTextCursor(cursor);
+    Trigger("mnuEditCopy");
+    EXPECT_EQ(QApplication::clipboard()->text(),
+        "Output Units: Waves\n\nRMS\t"
+            + Box.document()->findBlockByNumber(2).text().section('\t', 1) + "\n");
+    Session.BringToFront(Document);
+    Session.ActivateDocument(Document, ViewType::Interferogram);
+    QApplication::clipboard()->setText("kept");
+    Trigger("mnuEditCopy");
+    EXPECT_EQ(QApplication::clipboard()->text(), "kept");
+}
+
+TEST_F(frmTextView, EachKindTakesTheScreenFontAndFillsItsWindow)
+{
+    Document.ScreenText = {.FaceName = "Liberation Serif",
+        .Size = 14,
+        .Ink = {200, 10, 20},
+        .Bold = true,
+        .Italic = true,
+        .Underline = true};
+    Document.AnalysisValid = false;
+    Session.AnalyzeFringes();
+    const std::pair<const char*, int> kinds[] = {{"frmAberrations", AberrationsTabStops[0]},
+        {"frmZernikes", ZernikesTabStops[0]},
+        {"frmGridResults", GridResultsTabStops(Document.Grid)[0]}};
+    for (const auto& [name, stop] : kinds) {
+        auto& window = Find<frmText>(name);
+        const auto& box = *window.findChild<QPlainTextEdit*>("txtOutput");
+        EXPECT_EQ(box.font().family(), "Liberation Serif") << name;
+        EXPECT_EQ(box.font().pointSize(), 14) << name;
+        EXPECT_TRUE(box.font().bold() && box.font().italic() && box.font().underline()) << name;
+        EXPECT_EQ(box.palette().color(QPalette::Text), QColor(200, 10, 20)) << name;
+        const QList<QTextOption::Tab> tabs = box.document()->defaultTextOption().tabs();
+        const double character = QFontMetricsF(box.font()).averageCharWidth();
+        EXPECT_NEAR(tabs[0].position / character * 4, stop, 0.1) << name;
+        window.Show(Activation::TakeFocus);
+        window.resize(430, 300);
+        Settle();
+        EXPECT_EQ(box.geometry(), window.contentsRect()) << name;
+    }
 }
 
 TEST_F(frmTextView, ShowsTheWholeTextInItsColumns)

@@ -1,0 +1,76 @@
+#include <gtest/gtest.h>
+
+#include "RecordingFrame.h"
+
+namespace morvane {
+namespace {
+
+class modEdit : public ::testing::Test, public SilentSession {
+protected:
+    clsDocument& Document()
+    {
+        clsDocument& document = *Main.NewDocument();
+        document.CreateImageView();
+        return document;
+    }
+};
+
+TEST_F(modEdit, OnlyTheTextInFrontIsCopied)
+{
+    const std::string before = "what was there";
+    const struct {
+        ViewType InFront;
+        const char* Clipboard;
+    } cases[] = {
+        {ViewType::Aberrations, "copied from Aberrations"},
+        {ViewType::Zernikes, "copied from Zernikes"},
+        {ViewType::GridResults, "copied from GridResults"},
+        {ViewType::Interferogram, before.c_str()},
+        {ViewType::LineProfile, before.c_str()},
+        {ViewType::SFringe, before.c_str()},
+    };
+    clsDocument& document = Document();
+    for (const auto& c : cases) {
+        Main.ActivateDocument(document, c.InFront);
+        Frame.Clipboard = before;
+        Main.CopyText();
+        EXPECT_EQ(Frame.Clipboard, before) << "without output views";
+    }
+    ASSERT_TRUE(document.CreateOutputViews());
+    for (const auto& c : cases) {
+        Main.ActivateDocument(document, c.InFront);
+        Frame.Clipboard = before;
+        Main.CopyText();
+        EXPECT_EQ(Frame.Clipboard, c.Clipboard) << static_cast<int>(c.InFront);
+    }
+}
+
+TEST_F(modEdit, UserDataModifyADocumentOnlyIfTheyDiffer)
+{
+    clsDocument& document = Document();
+    const UserData typed{"f/8", "May 5", "Ada", "a\r\nb"};
+    Main.SetUserData(document, typed, false);
+    EXPECT_EQ(document.Optic, typed);
+    EXPECT_TRUE(document.Modified);
+    EXPECT_EQ(Main.Prefs.DefaultUserData, UserData{});
+    document.Modified = false;
+    Main.SetUserData(document, typed, true);
+    EXPECT_FALSE(document.Modified) << "the same again";
+    EXPECT_TRUE(Main.Prefs.SetAsDefault);
+    EXPECT_EQ(Main.Prefs.DefaultUserData, typed);
+    Main.SetUserData(document, {}, false);
+    EXPECT_FALSE(Main.Prefs.SetAsDefault);
+    EXPECT_EQ(Main.Prefs.DefaultUserData, typed) << "kept for the next time";
+}
+
+TEST_F(modEdit, UserDataOfAClosedDocumentGoNowhere)
+{
+    const auto closed = Main.NewDocument();
+    Main.CloseDocument(*closed);
+    Main.SetUserData(*closed, {"f/8", "May 5", "Ada", ""}, true);
+    EXPECT_EQ(closed->Optic, UserData{});
+    EXPECT_FALSE(Main.Prefs.SetAsDefault);
+}
+
+} // namespace
+} // namespace morvane
