@@ -26,7 +26,7 @@ struct ChartText {
     bool IsVisible() const { return Shown && !Text.empty(); }
 };
 
-enum class TickStyle { None = 0, Inside = 1, Outside = 2, Both = 3 };
+enum class TickMarkStyle { None = 0, Inside = 1, Outside = 2, Both = 3 };
 
 // Device units.
 struct TickLengths {
@@ -43,7 +43,7 @@ struct ChartAxis {
     bool AutoScaleFactor = true;
     bool Log = false;
     bool Visible = true;
-    TickStyle MajorTicks = TickStyle::Outside, MinorTicks = TickStyle::Outside;
+    TickMarkStyle MajorTicks = TickMarkStyle::Outside, MinorTicks = TickMarkStyle::Outside;
     Pen AxisPen, MinorPen; // the first for the line and the major ticks
     double Min = 0, Max = 0, Major = 0, Minor = 0;
     double AxisAt = 0; // where the line of the axes across stands

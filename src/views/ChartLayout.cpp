@@ -53,8 +53,8 @@ LabelStand StandOf(int axis, TextRotation rotation)
 // How far labels stand off the plot area.
 int TickRoom(const ChartAxis& axis, TickLengths ticks)
 {
-    const auto isOutside = [](TickStyle style) {
-        return style == TickStyle::Outside || style == TickStyle::Both;
+    const auto isOutside = [](TickMarkStyle style) {
+        return style == TickMarkStyle::Outside || style == TickMarkStyle::Both;
     };
     if (isOutside(axis.MajorTicks))
         return ticks.Major;

@@ -9,7 +9,7 @@ namespace morvane {
 namespace {
 
 // The pixels of a tick across its axis, from the one of the two to before the other.
-std::pair<int, int> TickSpan(int axis, const DeviceRect& plot, TickStyle style, int length)
+std::pair<int, int> TickSpan(int axis, const DeviceRect& plot, TickMarkStyle style, int length)
 {
     const bool isFar = axis == BottomAxis || axis == RightAxis;
     const int edge = axis == BottomAxis ? plot.Bottom - 1
@@ -18,13 +18,13 @@ std::pair<int, int> TickSpan(int axis, const DeviceRect& plot, TickStyle style, 
                                         : plot.Top;
     const int outward = isFar ? length : -length;
     switch (style) {
-    case TickStyle::None:
+    case TickMarkStyle::None:
         return {edge, edge};
-    case TickStyle::Inside:
+    case TickMarkStyle::Inside:
         return {edge, edge - outward};
-    case TickStyle::Outside:
+    case TickMarkStyle::Outside:
         return {edge, edge + outward};
-    case TickStyle::Both:
+    case TickMarkStyle::Both:
         return {edge - outward, edge + outward};
     }
     return {edge, edge};
@@ -124,17 +124,17 @@ void clsChart2D::DrawTickMarks(Device& On, int Axis) const
 {
     const ChartAxis& axis = AxisOf(Axis);
     const AxisPixels pixels = PixelsOf(Axis);
-    if (axis.MajorTicks != TickStyle::None) {
+    if (axis.MajorTicks != TickMarkStyle::None) {
         const clsPenScope pen(On, axis.AxisPen);
         const auto span = TickSpan(Axis, m_layout.Plot, axis.MajorTicks, m_ticks.Major);
         const TickRow majors = MajorTicks(axis, pixels, m_ticks.Minor);
         for (int i = 0; i < majors.Count; ++i)
             DrawTick(On, Axis, span, majors.At(i));
     }
-    if (axis.MinorTicks != TickStyle::None) {
+    if (axis.MinorTicks != TickMarkStyle::None) {
         const clsPenScope pen(On, axis.MinorPen);
         const auto span = TickSpan(Axis, m_layout.Plot, axis.MinorTicks, m_ticks.Minor);
-        const bool skipMajor = axis.AutoMinor && axis.MajorTicks != TickStyle::None;
+        const bool skipMajor = axis.AutoMinor && axis.MajorTicks != TickMarkStyle::None;
         for (const int at : MinorTicks(axis, pixels, m_ticks.Minor, skipMajor))
             DrawTick(On, Axis, span, at);
     }
@@ -154,7 +154,7 @@ void clsChart2D::DrawGridLines(Device& On, int Axis, const GridPens& Pens) const
     }
     if (Pens.Minor.Style != PenStyle::None) {
         const clsPenScope pen(On, Pens.Minor);
-        const bool skipMajor = axis.AutoMinor && axis.MajorTicks != TickStyle::None;
+        const bool skipMajor = axis.AutoMinor && axis.MajorTicks != TickMarkStyle::None;
         for (const int at : MinorTicks(axis, pixels, m_ticks.Minor, skipMajor))
             DrawGridLine(On, Axis, at);
     }
