@@ -43,16 +43,6 @@ QAction& frmMain::Add(QMenu& To, Command Rule, const char* Name, const char* Cap
     return action;
 }
 
-template <typename OnDocument>
-frmMain::Action frmMain::OnActive(OnDocument Act)
-{
-    return [this, Act] {
-        // Held, for a script may close it while a dialog is on the screen.
-        if (const auto active = m_session->SharedDocument(m_session->ActiveDocument()))
-            Act(*m_session, *active);
-    };
-}
-
 frmMain::Action frmMain::Refuse(const char* Reason)
 {
     return [this, Reason] { ShowHint(Reason); };
@@ -80,7 +70,7 @@ void frmMain::MakeFileMenu()
     Add(menu, Command::PageSetup, "mnuFilePageSetup", "Page Set&up...",
         Refuse("The page setup is not available yet."));
     Add(menu, Command::Print, "mnuFilePrint", "&Print...",
-        Refuse("Printing is not available yet."));
+        OnActive([](Session& session, clsDocument& active) { session.PrintDialog(active); }));
     menu.addSeparator();
     QAction* const preferences = menu.addAction("P&references...");
     preferences->setObjectName("mnuFilePreferences");
