@@ -32,6 +32,7 @@ constexpr Figure figures[] = {
     {"WholeRoad", 3.0}, // decoding the picture from a JPEG
     {"LoadDocument", 2.5}, // getline and from_chars over the same file
     {"SaveDocument", 2.5}, // to_chars of the same numbers, and one write
+    {"ReportPage", AnyRatio, 300}, // a page with nothing on it
     {"ReadSettings", AnyRatio, 5}, // the lines of the file
     {"PanStep25", AnyRatio, 4}, // one blit of the client area; so for all below
     {"PanStep100", AnyRatio, 4},

@@ -1,6 +1,5 @@
 """The printed report, as PDF, by the package and by the example script."""
 import os
-import shutil
 import subprocess
 import tempfile
 import unittest
@@ -32,7 +31,6 @@ class Report(ServerTest):
         self.assertEqual(content.count(b"/Type /Page\n"), 1)
         self.assertIn(b"/ToUnicode", content)
 
-    @unittest.skipUnless(shutil.which("pdftotext"), "needs pdftotext")
     def test_its_text_can_be_searched(self):
         self.analyze()
         pdf = self.folder / "page.pdf"
