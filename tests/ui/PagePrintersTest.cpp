@@ -1,13 +1,16 @@
 #include "shell/qt/PagePrinters.h"
 
+#include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QImage>
-#include <QPainter>
-#include <QPdfWriter>
+#include <QLineEdit>
+#include <QPrintDialog>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <gtest/gtest.h>
 
-#include "platform/qt/PageDevice.h"
+#include "Desk.h"
 #include "platform/qt/QtDevice.h"
 
 namespace morvane {
@@ -97,6 +100,38 @@ TEST_F(PagePrinters, NoFileCanBeStartedWhereThereIsNoFolder)
     printer->ChangePageSettings();
     EXPECT_FALSE(printer->StartDoc());
     EXPECT_EQ(printer->Name(), folder.filePath("no/page.pdf").toStdString());
+}
+
+class PrintCommand : public ::testing::Test, protected test::Desk {
+protected:
+    // Answers the dialog of File, Print by a PDF.
+    void PrintToFile(const QString& path, QDialog::DialogCode answer)
+    {
+        QTimer::singleShot(0, &Frame, [=] {
+            auto& dialog = *qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+            auto& names = *dialog.findChild<QComboBox*>("printers");
+            names.setCurrentIndex(names.findText("Print to File (PDF)"));
+            dialog.findChild<QLineEdit*>("filename")->setText(path);
+            answer == QDialog::Accepted ? dialog.accept() : dialog.reject();
+        });
+        Trigger("mnuFilePrint");
+    }
+};
+
+TEST_F(PrintCommand, WritesThePageThatTheDialogAsksFor)
+{
+    OpenAnalyzed();
+    const QRect before = Frame.geometry();
+    const QString path = Folder.filePath("page.pdf");
+    PrintToFile(path, QDialog::Rejected);
+    EXPECT_FALSE(QFile::exists(path));
+    PrintToFile(path, QDialog::Accepted);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().contains("%%EOF"));
+    EXPECT_TRUE(User.Messages.empty());
+    EXPECT_EQ(Frame.geometry(), before);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
 // Whoever opens the picture sees each of its pixels as a square.

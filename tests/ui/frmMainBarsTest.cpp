@@ -287,8 +287,8 @@ TEST_F(frmMainBars, PanelsKeepTheirPlaces)
 TEST_F(frmMainBars, CommandsWithoutATargetSaySo)
 {
     OpenAnalyzed();
-    for (const char* name : {"mnuFilePageSetup", "mnuFilePrint", "Print", "mnuEditCopy",
-             "mnuEditUserData", "mnuEditProperties", "mnuProcessAddAverage"}) {
+    for (const char* name : {"mnuFilePageSetup", "mnuEditCopy", "mnuEditUserData",
+             "mnuEditProperties", "mnuProcessAddAverage"}) {
         Frame.ShowHint("");
         EXPECT_TRUE(Find<QAction>(name).isEnabled()) << name;
         Trigger(name);
