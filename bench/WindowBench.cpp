@@ -10,6 +10,7 @@
 #include <benchmark/benchmark.h>
 
 #include "analysis/ModMathLib.h"
+#include "bench/BenchApplication.h"
 #include "bench/BenchPicture.h"
 #include "document/Dib.h"
 #include "interferogram/frmImage.h"
@@ -18,12 +19,6 @@
 #include "shell/frmMain.h"
 #include "shell/qt/Screens.h"
 #include "views/frmLineProfile.h"
-
-// Outside of all namespaces, as the macro asks for.
-static void InitResources()
-{
-    Q_INIT_RESOURCE(morvane);
-}
 
 namespace morvane {
 namespace {
@@ -126,12 +121,7 @@ private:
 Workbench& Bench()
 {
     static Workbench* const bench = [] {
-        static int count = 1;
-        static char name[] = "morvane_bench";
-        static char* values[] = {name, nullptr};
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        InitResources();
-        new QApplication(count, values);
+        HaveApplication();
         return new Workbench;
     }();
     return *bench;

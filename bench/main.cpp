@@ -33,6 +33,7 @@ constexpr Figure figures[] = {
     {"LoadDocument", 2.5}, // getline and from_chars over the same file
     {"SaveDocument", 2.5}, // to_chars of the same numbers, and one write
     {"ChartRepaint", 1.5}, // the same lines and texts through a bare painter
+    {"ReportPage", AnyRatio, 300}, // a page with nothing on it
     {"ReadSettings", AnyRatio, 5}, // the lines of the file
     {"ProfileStep", AnyRatio, 4}, // showing the same once more
     {"PanStep25", AnyRatio, 4}, // one blit of the client area; so for all below

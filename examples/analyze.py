@@ -65,22 +65,29 @@ def analyze_safely(doc, picture, options):
 
 
 def analyze(doc, picture, options):
-    if not doc.Load(picture):
-        raise UserError("This is no picture that can be read.")
-    told = told_beside(picture) if options.aperture is None else {}
-    shape, points = options.aperture or outline_in(told, "aperture") or centered_circle(picture)
-    doc.SetAperture(shape, points)
-    obstruction = options.obstruction or outline_in(told, "obstruction")
-    if obstruction:
-        doc.SetObstruction(*obstruction)
-    direction = options.direction or told.get("direction", "vertical")
-    if not doc.AutoTrace(direction, options.density):
-        raise UserError("No fringes were traced.")
-    if not doc.Analyze():
-        raise UserError("The fringes cannot be analyzed with these options.")
+    measure(
+        doc, picture, options.aperture, options.obstruction, options.direction, options.density
+    )
     if options.map and not doc.ExportMap(options.map):
         raise UserError(f"The map {options.map} cannot be written.")
     report(doc, picture)
+
+
+def measure(doc, picture, aperture=None, obstruction=None, direction=None, density=None):
+    """From the picture to the results, with outlines and direction from beside the picture where
+    they are not given."""
+    if not doc.Load(picture):
+        raise UserError("This is no picture that can be read.")
+    told = told_beside(picture) if aperture is None else {}
+    shape, points = aperture or outline_in(told, "aperture") or centered_circle(picture)
+    doc.SetAperture(shape, points)
+    obstruction = obstruction or outline_in(told, "obstruction")
+    if obstruction:
+        doc.SetObstruction(*obstruction)
+    if not doc.AutoTrace(direction or told.get("direction", "vertical"), density):
+        raise UserError("No fringes were traced.")
+    if not doc.Analyze():
+        raise UserError("The fringes cannot be analyzed with these options.")
 
 
 def report(doc, picture):

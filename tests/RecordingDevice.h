@@ -71,6 +71,10 @@ public:
         call.Box = Target;
         call.Source = Source;
     }
+    void DrawColorPicture(const DeviceRect& Target, const ColorPictureView&) override
+    {
+        Record(DeviceCall::Kind::Picture).Box = Target;
+    }
     DeviceSize MeasureText(std::string_view Text) const override
     {
         return {static_cast<int>(Text.size()) * m_font.Height / 2, m_font.Height * 6 / 5};

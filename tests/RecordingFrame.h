@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "RecordingDevice.h"
 #include "shell/modMain.h"
 
 namespace morvane {
@@ -117,6 +118,41 @@ public:
     }
 };
 
+// What a printer has been asked, and how it answers: the step named in FailsAt fails.
+struct PrinterLog {
+    std::vector<std::string> Steps;
+    std::string FailsAt;
+    PageRequest Request;
+    std::string Path; // of a PDF
+    RecordingDevice Page;
+};
+
+class RecordingPrinter final : public Printer {
+public:
+    explicit RecordingPrinter(PrinterLog& Log) : m_log(Log) { }
+
+    std::string Name() const override { return "Laser"; }
+    bool Open() override { return Step("open"); }
+    std::string ChangePageSettings() override
+    {
+        return Step("settings") ? "" : "Error changing page settings.";
+    }
+    bool StartDoc() override { return Step("start"); }
+    bool StartPage() override { return Step("page"); }
+    Device& Page() override { return m_log.Page; }
+    bool EndPage() override { return Step("end page"); }
+    bool EndDoc() override { return Step("end"); }
+
+private:
+    bool Step(const std::string& name)
+    {
+        m_log.Steps.push_back(name);
+        return name != m_log.FailsAt;
+    }
+
+    PrinterLog& m_log;
+};
+
 class RecordingFrame final : public MainFrame {
 public:
     WindowLog Log;
@@ -132,6 +168,8 @@ public:
     std::vector<InputRequest> Inputs;
     std::optional<std::string> TypedText; // into every such dialog; none cancels it
     Session* Shown = nullptr;
+    PrinterLog Printing;
+    bool CancelPrinting = false; // in the dialog
 
     void UpdateMainFrame() override { ++Updates; }
     void SetHourglass(bool Shown) override { Hourglass = Shown; }
@@ -146,6 +184,23 @@ public:
         Inputs.push_back(Request);
         return TypedText ? std::optional(AnswerOf(Request, *TypedText)) : std::nullopt;
     }
+    std::unique_ptr<Printer> AskPrinter(const PageRequest& Request) override
+    {
+        return CancelPrinting ? nullptr : DefaultPrinter(Request);
+    }
+    std::unique_ptr<Printer> DefaultPrinter(const PageRequest& Request) override
+    {
+        Printing.Request = Request;
+        return std::make_unique<RecordingPrinter>(Printing);
+    }
+    std::unique_ptr<Printer> PdfPrinter(
+        const PageRequest& Request, const std::string& Path) override
+    {
+        Printing.Path = Path;
+        return DefaultPrinter(Request);
+    }
+    DeviceSize ScreenSize() const override { return {1024, 768}; }
+    std::string ProgramFolder() const override { return "nowhere"; }
     std::unique_ptr<ImageWindow> CreateImageWindow(clsDocument& Of) override
     {
         if (RefuseWindows)

@@ -27,7 +27,7 @@ from .constants import (
     MorvaneDocShape,
     MorvaneDocTraceDirection,
 )
-from .document import MorvaneDoc, view_text
+from .document import MorvaneDoc, print_report, view_text
 from .errors import MorvaneError, ServerError
 from .server import Launch, launch
 
@@ -42,5 +42,6 @@ __all__ = [
     "MorvaneError",
     "ServerError",
     "launch",
+    "print_report",
     "view_text",
 ]

@@ -176,7 +176,18 @@ class MorvaneDoc:
 
 def view_text(doc: MorvaneDoc, view: str) -> str:
     """The text of a document's view, "Aberrations" or "Zernikes", columns apart by tabs."""
+    return str(_call_about(doc, "ViewText", view)).replace("\r\n", "\n")
+
+
+def print_report(doc: MorvaneDoc, file) -> None:
+    """Prints the report of a document, one page laid out as the program's page setup says, to a PDF
+    file. ServerError, with the old file as it was, if it cannot be printed, or if panes would stay
+    empty because nothing has been analyzed."""
+    _call_about(doc, "PrintReport", absolute_path(file))
+
+
+def _call_about(doc: MorvaneDoc, member: str, argument: str):
+    """Calls a member of the application that takes a document."""
     if doc._path is None:
         raise ServerError("This MorvaneDoc has been closed")
-    text = doc._server.call(doc._owner, OBJECT, INTERFACE, "ViewText", "os", doc._path, view)
-    return str(text).replace("\r\n", "\n")
+    return doc._server.call(doc._owner, OBJECT, INTERFACE, member, "os", doc._path, argument)

@@ -259,14 +259,19 @@ void clsDocument::LoadDataIntoGridResults()
 
 void clsDocument::LoadDataIntoLineProfile()
 {
-    m_lineProfileView->SetProfile({.X = m_maps.ProfileX,
+    m_lineProfileView->SetProfile(Profile());
+}
+
+ProfileData clsDocument::Profile() const
+{
+    return {.X = m_maps.ProfileX,
         .Y = m_maps.ProfileY,
         .Angle = LineProfileAngle,
         .Unit = UnitName(ScaleMode),
         .MinYSpan = LeastProfileSpan(),
         .AutoScale = AutoScale,
         .ZMinimum = ZMinimum,
-        .ZMaximum = ZMaximum});
+        .ZMaximum = ZMaximum};
 }
 
 // In display units, where they are not waves as one round digit of them.

@@ -152,6 +152,8 @@ public:
     const ZernikeSet& GetRefZernikes() const { return m_refZernikes; }
     const WNotation& GetWNotation() const { return m_wNotation; }
     const AnalysisMaps& Maps() const { return m_maps; }
+    // It lasts as long as the maps.
+    ProfileData Profile() const;
 
     // --- Work
     // Every change of aperture, obstruction or picture size goes through this.

@@ -92,6 +92,12 @@ struct PictureView {
     const std::array<Color, 256>* Palette = nullptr;
 };
 
+// A picture in colours, rows top-down without padding.
+struct ColorPictureView {
+    std::span<const Color> Pixels;
+    int Width = 0, Height = 0;
+};
+
 class Device {
 public:
     virtual ~Device() = default;
@@ -127,6 +133,8 @@ public:
     // picture, Target keeps what it has.
     virtual void DrawPicture(
         const DeviceRect& Target, const PictureView& Picture, const DeviceRect& Source) = 0;
+    // All of Picture scaled into Target by the nearest pixel.
+    virtual void DrawColorPicture(const DeviceRect& Target, const ColorPictureView& Picture) = 0;
 
     // One line of UTF-8 in the font, over what is there. The extent is that of the text as its
     // reader sees it, whatever the rotation; its height is that of a line.

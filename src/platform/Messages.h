@@ -7,7 +7,7 @@
 namespace morvane {
 
 // Flags of a message: buttons, sign and modality are added up.
-inline constexpr int MessageOk = 0, MessageAbortRetryIgnore = 2, MessageYesNoCancel = 3,
+inline constexpr int MessageOk = 0, MessageOkCancel = 1, MessageAbortRetryIgnore = 2, MessageYesNoCancel = 3,
                      MessageYesNo = 4, MessageStopSign = 16, MessageQuestionSign = 32,
                      MessageWarningSign = 48, MessageTaskModal = 8192;
 

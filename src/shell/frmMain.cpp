@@ -19,6 +19,7 @@
 #include "shell/frmInput.h"
 #include "shell/qt/Appearance.h"
 #include "shell/qt/FileChooser.h"
+#include "shell/qt/PagePrinters.h"
 #include "shell/qt/Screens.h"
 #include "shell/qt/WindowPlaces.h"
 #include "shell/qt/WorkArea.h"
@@ -110,6 +111,32 @@ std::optional<FileChoice> frmMain::AskOpen(const FileRequest& Request)
 std::optional<FileChoice> frmMain::AskSave(const FileRequest& Request)
 {
     return AskSaveFile(this, Request);
+}
+
+std::unique_ptr<Printer> frmMain::AskPrinter(const PageRequest& Request)
+{
+    return AskPagePrinter(this, Request);
+}
+
+std::unique_ptr<Printer> frmMain::DefaultPrinter(const PageRequest& Request)
+{
+    return DefaultPagePrinter(Request);
+}
+
+std::unique_ptr<Printer> frmMain::PdfPrinter(const PageRequest& Request, const std::string& Path)
+{
+    return PagePrinterToPdf(Request, Path);
+}
+
+DeviceSize frmMain::ScreenSize() const
+{
+    const QSize size = screen()->size();
+    return {size.width(), size.height()};
+}
+
+std::string frmMain::ProgramFolder() const
+{
+    return QApplication::applicationDirPath().toStdString();
 }
 
 // After the event that asks for it: a message must keep neither a menu nor the program waiting that

@@ -43,6 +43,12 @@ public:
     void ShowFringePopup(const FringePopup& Menu) override;
     void PutOnClipboard(const std::string& Text) override;
     std::optional<InputAnswer> AskInput(const InputRequest& Request) override;
+    std::unique_ptr<Printer> AskPrinter(const PageRequest& Request) override;
+    std::unique_ptr<Printer> DefaultPrinter(const PageRequest& Request) override;
+    std::unique_ptr<Printer> PdfPrinter(
+        const PageRequest& Request, const std::string& Path) override;
+    DeviceSize ScreenSize() const override;
+    std::string ProgramFolder() const override;
     std::optional<FileChoice> AskOpen(const FileRequest& Request) override;
     std::optional<FileChoice> AskSave(const FileRequest& Request) override;
 
@@ -131,5 +137,15 @@ private:
     std::array<QAction*, RecentFiles::MaxFiles> m_recentFiles;
     QAction* m_recentBar;
 };
+
+template <typename OnDocument>
+frmMain::Action frmMain::OnActive(OnDocument Act)
+{
+    return [this, Act] {
+        // Held, for a script may close it while a dialog is on the screen.
+        if (const auto active = m_session->SharedDocument(m_session->ActiveDocument()))
+            Act(*m_session, *active);
+    };
+}
 
 } // namespace morvane

@@ -45,16 +45,6 @@ QAction& frmMain::Add(QMenu& To, Command Rule, const char* Name, const char* Cap
     return action;
 }
 
-template <typename OnDocument>
-frmMain::Action frmMain::OnActive(OnDocument Act)
-{
-    return [this, Act] {
-        // Held, for a script may close it while a dialog is on the screen.
-        if (const auto active = m_session->SharedDocument(m_session->ActiveDocument()))
-            Act(*m_session, *active);
-    };
-}
-
 frmMain::Action frmMain::Refuse(const char* Reason)
 {
     return [this, Reason] { ShowHint(Reason); };
@@ -82,7 +72,7 @@ void frmMain::MakeFileMenu()
     Add(menu, Command::PageSetup, "mnuFilePageSetup", "Page Set&up...",
         [this] { frmPageSetup(m_session->Prefs.Report, *m_settings, this).exec(); });
     Add(menu, Command::Print, "mnuFilePrint", "&Print...",
-        Refuse("Printing is not available yet."));
+        OnActive([](Session& session, clsDocument& active) { session.PrintDialog(active); }));
     menu.addSeparator();
     QAction* const preferences = menu.addAction("P&references...");
     preferences->setObjectName("mnuFilePreferences");

@@ -5,27 +5,6 @@
 #include "shell/ToolBoxSettings.h"
 
 namespace morvane {
-namespace {
-
-// Refuses for a user who is not there: nothing is replaced, erased or retried.
-class CarefulAnswerer final : public MessageAnswerer {
-public:
-    MessageAnswer Answer(const Message& Asked) override
-    {
-        switch (Asked.Flags & 7) {
-        case MessageAbortRetryIgnore:
-            return MessageAnswer::Abort;
-        case MessageYesNoCancel:
-            return MessageAnswer::Cancel;
-        case MessageYesNo:
-            return MessageAnswer::No;
-        default:
-            return MessageAnswer::Ok;
-        }
-    }
-};
-
-} // namespace
 
 Session::Session(MessageAnswerer& Answerer, MainFrame& Frame)
     : m_answerer(&Answerer), m_frame(Frame)
@@ -252,13 +231,29 @@ void Session::ShowHourglass(bool Shown)
 
 UnattendedScope::UnattendedScope(Session& Of) : m_session(Of), m_before(Of.m_answerer)
 {
-    static CarefulAnswerer careful;
-    m_session.m_answerer = &careful;
+    m_session.m_answerer = this;
 }
 
 UnattendedScope::~UnattendedScope()
 {
     m_session.m_answerer = m_before;
+}
+
+// Refuses for a user who is not there: nothing is replaced, erased or retried.
+MessageAnswer UnattendedScope::Answer(const Message& Asked)
+{
+    m_lastText = Asked.Text;
+    switch (Asked.Flags & 7) {
+    case MessageOkCancel:
+    case MessageYesNoCancel:
+        return MessageAnswer::Cancel;
+    case MessageAbortRetryIgnore:
+        return MessageAnswer::Abort;
+    case MessageYesNo:
+        return MessageAnswer::No;
+    default:
+        return MessageAnswer::Ok;
+    }
 }
 
 } // namespace morvane

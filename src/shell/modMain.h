@@ -16,14 +16,17 @@
 #include "shell/FileDialogs.h"
 #include "shell/InputPrompt.h"
 #include "shell/PreferenceTable.h"
+#include "shell/Printing.h"
 #include "shell/RecentFiles.h"
 
 namespace morvane {
 
+struct ReportSource;
+
 inline constexpr int MaxDocuments = 100;
 
 // What the session asks of the main window.
-class MainFrame : public DocumentWindowFactory, public FileDialogs {
+class MainFrame : public DocumentWindowFactory, public FileDialogs, public Printers {
 public:
     // Documents, the active one or its views have changed: commands, checks and status follow.
     virtual void UpdateMainFrame() = 0;
@@ -152,6 +155,14 @@ public:
     void ExportMapDialog(clsDocument& Of);
     void ExportZernikesDialog(clsDocument& Of);
 
+    // --- The report of a document, on one page. The user is asked whether panes may stay empty,
+    // and told of every failure.
+    void PrintDialog(const clsDocument& Of);
+    // By the default printer.
+    void PrintAtOnce(const clsDocument& Of);
+    // False if the user cancels or it fails; then a file that was there before still is.
+    bool PrintToPdf(const clsDocument& Of, const std::string& Path);
+
     // --- Frame grabber
     // Finds the plug-ins in the program's folder and loads that of the preferences; a name that is
     // not among them becomes "None".
@@ -194,6 +205,9 @@ private:
     bool MayReplace(const std::string& Path, const std::string& Title);
     std::optional<std::string> AskExport(
         const clsDocument& Of, const char* Title, const char* Filter, const char* Extension);
+    PageRequest RequestFor(const clsDocument& Of) const;
+    bool PrintReport(const clsDocument& Of, Printer& On);
+    std::optional<Message> PrintPage(const ReportSource& Of, Printer& On);
     bool RegisterDocument(const std::shared_ptr<clsDocument>& Registered);
 
     MessageAnswerer* m_answerer;
@@ -207,16 +221,22 @@ private:
 };
 
 // Until the brace, messages are not shown but answered as a careful user would: cancel, or no.
-class UnattendedScope {
+class UnattendedScope final : private MessageAnswerer {
 public:
     explicit UnattendedScope(Session& Of);
-    ~UnattendedScope();
+    ~UnattendedScope() override;
     UnattendedScope(const UnattendedScope&) = delete;
     UnattendedScope& operator=(const UnattendedScope&) = delete;
 
+    // The text of the last message; empty if there was none.
+    const std::string& LastText() const { return m_lastText; }
+
 private:
+    MessageAnswer Answer(const Message& Asked) override;
+
     Session& m_session;
     MessageAnswerer* m_before;
+    std::string m_lastText;
 };
 
 } // namespace morvane

@@ -298,8 +298,7 @@ TEST_F(frmMainBars, PanelsKeepTheirPlaces)
 TEST_F(frmMainBars, CommandsWithoutATargetSaySo)
 {
     OpenAnalyzed();
-    for (const char* name :
-        {"mnuFilePrint", "Print", "mnuEditProperties", "mnuProcessAddAverage"}) {
+    for (const char* name : {"mnuEditProperties", "mnuProcessAddAverage"}) {
         Frame.ShowHint("");
         EXPECT_TRUE(Find<QAction>(name).isEnabled()) << name;
         Trigger(name);

@@ -41,30 +41,48 @@ QDBusObjectPath MorvaneBus::CreateDoc()
     return QDBusObjectPath(path);
 }
 
-QString MorvaneBus::ViewText(const QDBusObjectPath& Document, const QString& View)
+std::shared_ptr<clsDocument> MorvaneBus::LoadedDocument(
+    const QDBusObjectPath& Path, const std::string& Wish)
 {
-    const auto made = m_docs.constFind(Document.path());
+    const auto made = m_docs.constFind(Path.path());
     if (made == m_docs.constEnd()) {
         sendErrorReply(QDBusError::UnknownObject,
-            QStringLiteral("There is no document '%1'").arg(Document.path()));
-        return {};
+            QStringLiteral("There is no document '%1'").arg(Path.path()));
+        return nullptr;
     }
+    std::shared_ptr<clsDocument> document = made->Face->Doc().Document();
+    if (!document) {
+        connection().send(ErrorReply(message(),
+            {MorvaneDocErrors::ErrorNoDocument,
+                "Can't " + Wish + " until an interferogram has been loaded."}));
+        setDelayedReply(true);
+    }
+    return document;
+}
+
+QString MorvaneBus::ViewText(const QDBusObjectPath& Document, const QString& View)
+{
     const bool aberrations = View == QLatin1String("Aberrations");
     if (!aberrations && View != QLatin1String("Zernikes")) {
         sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("There is no view '%1'").arg(View));
         return {};
     }
-    const std::shared_ptr<clsDocument> document = made->Face->Doc().Document();
-    if (!document) {
-        const std::string wish = aberrations ? "aberrations" : "Zernike coefficients";
-        connection().send(ErrorReply(message(),
-            {MorvaneDocErrors::ErrorNoDocument,
-                "Can't read " + wish + " until an interferogram has been loaded."}));
-        setDelayedReply(true);
+    const auto document =
+        LoadedDocument(Document, aberrations ? "read aberrations" : "read Zernike coefficients");
+    if (!document)
         return {};
-    }
     return QString::fromStdString(
         aberrations ? AberrationsText(*document) : ZernikesText(*document));
+}
+
+void MorvaneBus::PrintReport(const QDBusObjectPath& Document, const QString& Pdf)
+{
+    const auto document = LoadedDocument(Document, "print a report");
+    if (!document)
+        return;
+    const UnattendedScope unattended(m_session);
+    if (!m_session.PrintToPdf(*document, Pdf.toStdString()))
+        sendErrorReply(QDBusError::Failed, QString::fromStdString(unattended.LastText()));
 }
 
 void MorvaneBus::ReleaseClient(const QString& Client)

@@ -29,6 +29,9 @@ public slots:
     Q_SCRIPTABLE QDBusObjectPath CreateDoc();
     // The text of the view "Aberrations" or "Zernikes" of a document made by CreateDoc.
     Q_SCRIPTABLE QString ViewText(const QDBusObjectPath& Document, const QString& View);
+    // A page with the report of such a document, into a file. Nobody is asked or told: what would
+    // be a question or a message to a user is an error.
+    Q_SCRIPTABLE void PrintReport(const QDBusObjectPath& Document, const QString& Pdf);
 
 signals:
     // The bus has ended, and with it every script.
@@ -39,6 +42,10 @@ private slots:
 
 private:
     void Release(const QString& Path);
+    // What the client has loaded into a document made by CreateDoc; nullptr, and the call has its
+    // error, if there is no such document, or nothing in it that could be done as Wish says.
+    std::shared_ptr<clsDocument> LoadedDocument(
+        const QDBusObjectPath& Path, const std::string& Wish);
 
     struct ClientDoc {
         QString Client; // unique name on the bus

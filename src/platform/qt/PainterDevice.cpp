@@ -70,6 +70,15 @@ DeviceSize ExtentOf(const QFontMetricsF& metrics, const QString& text)
         WholePixels(metrics.ascent()) + WholePixels(metrics.descent())};
 }
 
+// Whether there is such a picture, with all of its pixels.
+template <typename View>
+bool IsWhole(const View& picture)
+{
+    return picture.Width > 0 && picture.Height > 0
+        && picture.Pixels.size() / static_cast<std::size_t>(picture.Width)
+        >= static_cast<std::size_t>(picture.Height);
+}
+
 int ClockwiseDegrees(TextRotation rotation)
 {
     switch (rotation) {
@@ -96,6 +105,7 @@ PainterDevice::PainterDevice(QPaintDevice& On, const DeviceRect& Bounds, int Pen
     : m_painter(&On), m_bounds(Bounds), m_penScale(PenScale), m_clip(Bounds),
       m_metrics(m_painter.font(), &On)
 {
+    m_painter.setRenderHint(QPainter::LosslessImageRendering);
     PainterDevice::SetPen(m_pen);
 }
 
@@ -149,6 +159,18 @@ void PainterDevice::DrawPolygon(std::span<const DevicePoint> Corners)
     m_painter.drawPolygon(ToQt(Corners));
 }
 
+// Ticks come by the ten thousand: in a file, those of a batch are one shape.
+void PainterDevice::DrawCrosses(std::span<const DevicePoint> Centers, int Arm)
+{
+    QList<QLine> lines;
+    lines.reserve(2 * static_cast<qsizetype>(Centers.size()));
+    for (const auto& [x, y] : Centers) {
+        lines.append({x - Arm, y, x + Arm + 1, y});
+        lines.append({x, y - Arm, x, y + Arm + 1});
+    }
+    m_painter.drawLines(lines);
+}
+
 void PainterDevice::FillRectangle(const DeviceRect& Box, Color Fill)
 {
     m_painter.save();
@@ -156,6 +178,40 @@ void PainterDevice::FillRectangle(const DeviceRect& Box, Color Fill)
     m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     m_painter.fillRect(ToQt(Box), QColor(ToRgb(Fill)));
     m_painter.restore();
+}
+
+void PainterDevice::PaintImage(const DeviceRect& Target, const QImage& Image, const QRect& Source)
+{
+    const QTransform transformBefore = m_painter.transform();
+    m_painter.resetTransform();
+    m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    m_painter.drawImage(ToQt(Target), Image, Source);
+    m_painter.setTransform(transformBefore);
+    SetRasterOp(m_operation);
+}
+
+void PainterDevice::DrawPicture(
+    const DeviceRect& Target, const PictureView& Picture, const DeviceRect& Source)
+{
+    if (!Picture.Palette || !IsWhole(Picture))
+        return;
+    QImage image(Picture.Pixels.data(), Picture.Width, Picture.Height, Picture.Width,
+        QImage::Format_Indexed8);
+    QList<QRgb> colors;
+    for (const Color& color : *Picture.Palette)
+        colors.append(ToRgb(color));
+    image.setColorTable(colors);
+    PaintImage(Target, image, ToQt(Source));
+}
+
+void PainterDevice::DrawColorPicture(const DeviceRect& Target, const ColorPictureView& Picture)
+{
+    static_assert(sizeof(Color) == 3, "a pixel of QImage::Format_RGB888");
+    if (!IsWhole(Picture))
+        return;
+    const QImage image(reinterpret_cast<const uchar*>(Picture.Pixels.data()), Picture.Width,
+        Picture.Height, 3 * Picture.Width, QImage::Format_RGB888);
+    PaintImage(Target, image, image.rect());
 }
 
 const QFontMetricsF& PainterDevice::Metrics() const

@@ -1,5 +1,5 @@
 // What all surfaces of a QPainter share, whatever they paint on and at what resolution: the state,
-// texts, and shapes. Lines are never smoothed, texts always are.
+// texts, shapes and pictures. Lines and pictures are never smoothed, texts always are.
 //
 // The raster operation is the pen's: fills, pictures and texts always replace what was there. Pens
 // are PenScale times as wide as asked for, so that lines look the same on every screen and page;
@@ -31,7 +31,11 @@ public:
     void DrawPolyline(std::span<const DevicePoint> Points) override;
     void DrawEllipse(const DeviceRect& Box) override;
     void DrawPolygon(std::span<const DevicePoint> Corners) override;
+    void DrawCrosses(std::span<const DevicePoint> Centers, int Arm) override;
     void FillRectangle(const DeviceRect& Box, Color Fill) override;
+    void DrawPicture(
+        const DeviceRect& Target, const PictureView& Picture, const DeviceRect& Source) override;
+    void DrawColorPicture(const DeviceRect& Target, const ColorPictureView& Picture) override;
 
     DeviceSize MeasureText(std::string_view Text) const override;
     int AverageCharacterWidth() const override;
@@ -46,6 +50,7 @@ protected:
 
 private:
     const QFontMetricsF& Metrics() const;
+    void PaintImage(const DeviceRect& Target, const QImage& Image, const QRect& Source);
 
     mutable QPainter m_painter; // its font is taken over when it is needed
     const DeviceRect m_bounds;

@@ -311,6 +311,14 @@ void QtDevice::DrawPicture(
     }
 }
 
+void QtDevice::DrawColorPicture(const DeviceRect& Target, const ColorPictureView& Picture)
+{
+    PainterDevice::DrawColorPicture(Target, Picture);
+    TouchBox(
+        std::array{DevicePoint{Target.Left, Target.Top}, DevicePoint{Target.Right, Target.Bottom}},
+        0);
+}
+
 void QtDevice::DrawText(DevicePoint At, std::string_view Text, TextAlign Align, Color Ink)
 {
     const DeviceRect box = PaintText(At, Text, Align, Ink);

@@ -26,6 +26,7 @@ public:
     void FillRectangle(const DeviceRect& Box, Color Fill) override;
     void DrawPicture(
         const DeviceRect& Target, const PictureView& Picture, const DeviceRect& Source) override;
+    void DrawColorPicture(const DeviceRect& Target, const ColorPictureView& Picture) override;
     void DrawText(DevicePoint At, std::string_view Text, TextAlign Align, Color Ink) override;
 
 private:

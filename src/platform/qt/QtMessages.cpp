@@ -10,6 +10,8 @@ constexpr int ButtonBits = 7, SignBits = 0x70;
 QMessageBox::StandardButtons ButtonsOf(int Flags)
 {
     switch (Flags & ButtonBits) {
+    case MessageOkCancel:
+        return QMessageBox::Ok | QMessageBox::Cancel;
     case MessageAbortRetryIgnore:
         return QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
     case MessageYesNoCancel:

@@ -1,0 +1,101 @@
+#!/usr/bin/python3
+"""From pictures of interferograms to test reports: loads each picture, traces its fringes, analyzes
+them and prints the program's report page to a PDF of the picture's name.
+
+Outlines and the direction of the fringes come from the .json beside the picture, as analyze.py
+--help tells. The page is laid out as the program's page setup says, unless --panes or --landscape
+say otherwise for this run.
+"""
+import argparse
+import os
+import signal
+import sys
+import tempfile
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "python"))
+
+import morvane  # noqa: E402
+
+from analyze import UserError, measure  # noqa: E402
+
+# By their numbers in the settings.
+PANES = (
+    "none", "aberrations", "contour", "interferogram", "profile", "logo", "surface", "synthetic",
+    "zernikes", "grid",
+)  # fmt: skip
+
+
+def main():
+    signal.signal(signal.SIGPIPE, signal.SIG_DFL)
+    options = parse_options()
+    options.out.mkdir(parents=True, exist_ok=True)
+    try:
+        with tempfile.TemporaryDirectory() as folder:
+            if options.panes or options.landscape:
+                set_up_page(Path(folder), options)
+            with morvane.launch(options.program):
+                doc = morvane.MorvaneDoc()
+                done = [print_safely(doc, picture, options.out) for picture in options.pictures]
+    except (morvane.MorvaneError, morvane.ServerError) as error:
+        sys.exit(f"report.py: {error}")
+    except KeyboardInterrupt:
+        sys.exit(130)
+    sys.exit(0 if all(done) else 1)
+
+
+def print_safely(doc, picture, folder):
+    page = folder / (Path(picture).stem + ".pdf")
+    try:
+        measure(doc, picture)
+        morvane.print_report(doc, page)
+        print(page, flush=True)
+        return True
+    except (UserError, morvane.MorvaneError, morvane.ServerError, OSError, ValueError) as error:
+        print(f"{picture}: {error}", file=sys.stderr)
+        return False
+
+
+def set_up_page(folder, options):
+    """Gives the program that is to be launched a copy of the user's settings with this page."""
+    home = os.environ.get("XDG_CONFIG_HOME") or Path.home() / ".config"
+    kept = Path(home) / "morvane" / "settings.ini"
+    lines = ["[CurrentVersion]"]  # a value that stands twice counts where it stands last
+    if options.panes:
+        lines.append(f"Number of Panes = {len(options.panes)}")
+        lines += [f"Pane {i} = {PANES.index(name)}" for i, name in enumerate(options.panes, 1)]
+    if options.landscape:
+        lines.append("Page Orientation = 2")
+    own = folder / "morvane" / "settings.ini"
+    own.parent.mkdir()
+    before = kept.read_text(encoding="utf-8", errors="replace") if kept.is_file() else ""
+    own.write_text(before + "\n" + "\n".join(lines) + "\n", encoding="utf-8")
+    os.environ["XDG_CONFIG_HOME"] = str(folder)
+
+
+def pane_list(text):
+    names = text.lower().split(",")
+    unknown = [name for name in names if name not in PANES]
+    if unknown:
+        raise argparse.ArgumentTypeError(f"no pane {unknown[0]} in {', '.join(PANES)}")
+    if len(names) > 6:
+        raise argparse.ArgumentTypeError("a page has 6 panes at most")
+    return names
+
+
+def parse_options():
+    parser = argparse.ArgumentParser(
+        description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter
+    )
+    parser.add_argument("pictures", nargs="+", metavar="PICTURE", help="bmp, rle or jpg file")
+    parser.add_argument("--out", type=Path, default=Path("."), metavar="FOLDER",
+                        help="where the pages go (default: here)")
+    parser.add_argument("--panes", type=pane_list, metavar="PANES",
+                        help=f"1 to 6 of {','.join(PANES)} (default: the program's page setup)")
+    parser.add_argument("--landscape", action="store_true", help="the wide way of the sheet")
+    parser.add_argument("--program", metavar="FILE", help="the morvane to run")
+    return parser.parse_args()
+
+
+if __name__ == "__main__":
+    main()

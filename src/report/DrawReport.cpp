@@ -1,0 +1,162 @@
+#include "report/DrawReport.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "document/Dib.h"
+#include "platform/Numbers.h"
+#include "report/LogoPane.h"
+#include "report/PageText.h"
+#include "report/ProfilePane.h"
+#include "report/ReportPage.h"
+
+namespace morvane {
+namespace {
+
+struct PaneBox {
+    DeviceRect Whole, Inside; // right and bottom of the first included, of the second not
+    int Gap;
+};
+
+void DrawText(Device& on, const PaneBox& pane, const ReportSource& of, const TextPane& shown)
+{
+    DrawTextPane(on, pane.Inside, shown, of.Document.PrinterText);
+}
+
+void DrawAberrations(Device& on, const PaneBox& pane, const ReportSource& of)
+{
+    DrawText(on, pane, of, AberrationsPane(of.Document, of.Chosen.Report));
+}
+
+void DrawZernikes(Device& on, const PaneBox& pane, const ReportSource& of)
+{
+    DrawText(on, pane, of, ZernikesPane(of.Document));
+}
+
+void DrawGridResults(Device& on, const PaneBox& pane, const ReportSource& of)
+{
+    const clsFontScope font(on, DeviceFont(on, of.Document.PrinterText));
+    const int lines = (pane.Inside.Height() - 1) / std::max(1, on.MeasureText({}).Height);
+    const int characters = (pane.Inside.Width() - 1) / std::max(1, on.AverageCharacterWidth());
+    DrawText(on, pane, of, GridResultsPane(of.Document.Grid, lines, characters));
+}
+
+void DrawLineProfile(Device& on, const PaneBox& pane, const ReportSource& of)
+{
+    DrawProfilePane(on, pane.Inside, of.Document.Profile(), of.Screen);
+}
+
+// The ticks keep the colours of their orders. Their pen is that of all lines, for on paper it is as
+// wide as the crosses need.
+void DrawOverlays(Device& on, const ImageMapping& map, const ReportSource& of)
+{
+    constexpr int tickSize = 3; // half arm, pixels of the screen
+    const clsBrushScope hollow(on, std::nullopt);
+    of.Document.Aperture.Draw(on, map, RasterOp::Copy);
+    of.Document.Obstruction.Draw(on, map, RasterOp::Copy);
+    const double scale = DiagonalRatio(on.Figures().Physical, of.Screen);
+    of.Document.Fringes.DrawAll(on, map, {.TickSize = RoundToLong(tickSize * scale)});
+}
+
+void DrawInterferogram(Device& on, const PaneBox& pane, const ReportSource& of)
+{
+    if (!of.Document.HasImageBuffer())
+        return;
+    const ImageBuffer& image = of.Document.Image();
+    const auto [width, height] = image.Size;
+    const DeviceRect target = FitWithin(pane.Inside, {width, height});
+    const auto palette = BuildDisplayPalette(of.Chosen.RedDisplay, false, {}); // all intensities
+    on.DrawPicture(target, {image.Pixels, width, height, &palette}, {0, 0, width, height});
+    const double zoom = std::min(static_cast<double>(pane.Inside.Width()) / width,
+        static_cast<double>(pane.Inside.Height()) / height);
+    DrawOverlays(on, {zoom, -target.Left / zoom, -target.Top / zoom}, of);
+}
+
+void DrawLogoAndComments(Device& on, const PaneBox& pane, const ReportSource& of)
+{
+    if (of.Chosen.Report.ShowComments)
+        DrawComments(on, pane.Whole, pane.Gap, of.Document.Optic.Comments, of.Document.PrinterText);
+    DrawLogo(on, pane.Whole, pane.Gap, of.LogoPath);
+}
+
+struct PaneView {
+    PaneCode Code;
+    bool NeedsAnalysis;
+    void (*Draw)(Device&, const PaneBox&, const ReportSource&); // nullptr: it stays empty
+};
+
+constexpr PaneView PaneViews[] = {
+    {PaneCode::Aberrations, true, DrawAberrations},
+    {PaneCode::ContourPlot, true, nullptr},
+    {PaneCode::Interferogram, false, DrawInterferogram},
+    {PaneCode::LineProfile, true, DrawLineProfile},
+    {PaneCode::Logo, false, DrawLogoAndComments},
+    {PaneCode::SurfacePlot, true, nullptr},
+    {PaneCode::SyntheticFringes, true, nullptr},
+    {PaneCode::Zernikes, true, DrawZernikes},
+    {PaneCode::GridResults, true, DrawGridResults},
+};
+
+// nullptr for none.
+const PaneView* ViewOf(int code)
+{
+    const auto view = std::ranges::find(PaneViews, static_cast<PaneCode>(code), &PaneView::Code);
+    return view == std::end(PaneViews) ? nullptr : view;
+}
+
+std::span<const int> PanesOf(const ReportPreferences& of)
+{
+    const int most = static_cast<int>(of.Pane.size());
+    const bool isKnown = of.NumPanes >= 1 && of.NumPanes <= most;
+    return std::span(of.Pane).first(isKnown ? static_cast<std::size_t>(of.NumPanes) : 0);
+}
+
+void DrawPane(Device& on, const PaneBox& pane, const PaneView* view, const ReportSource& of)
+{
+    const bool hasRoom = pane.Inside.Width() > 0 && pane.Inside.Height() > 0;
+    if (!view || !view->Draw || !hasRoom)
+        return;
+    if (view->NeedsAnalysis && !of.Document.OutputViewsExist())
+        return;
+    const clsClipScope clip(on, pane.Inside);
+    view->Draw(on, pane, of);
+}
+
+void DrawPageGrid(Device& on, const ReportPage& page)
+{
+    const clsPenScope pen(on, {});
+    const clsBrushScope hollow(on, std::nullopt);
+    const auto [left, top, right, bottom] = page.Box;
+    on.DrawPolygon(std::array{DevicePoint{left, top}, DevicePoint{right, top},
+        DevicePoint{right, bottom}, DevicePoint{left, bottom}});
+    for (const auto& [from, to] : page.InnerLines)
+        on.DrawPolyline(std::array{from, to});
+}
+
+} // namespace
+
+bool HasEmptyPanes(const ReportSource& Of)
+{
+    return !Of.Document.OutputViewsExist()
+        && std::ranges::any_of(PanesOf(Of.Chosen.Report), [](int code) {
+               const PaneView* const view = ViewOf(code);
+               return view && view->NeedsAnalysis;
+           });
+}
+
+void DrawReport(Device& On, const ReportSource& Of)
+{
+    const clsFontScope font(On, DeviceFont(On, {"Times New Roman", 14}));
+    const ReportPreferences& chosen = Of.Chosen.Report;
+    const ReportPage page = LayOutPage(On.Figures(), On.MeasureText({}).Height, chosen.NumPanes);
+    On.DrawText(page.Title, "Morvane Test Report", {TextAcross::Center, TextDown::Top}, Black);
+    if (chosen.DrawPageGrid)
+        DrawPageGrid(On, page);
+    for (std::size_t i = 0; i < page.Panes.size(); ++i) {
+        const DeviceRect& pane = page.Panes[i];
+        DrawPane(On, {pane, page.Inside(pane), page.Gap}, ViewOf(chosen.Pane[i]), Of);
+    }
+}
+
+} // namespace morvane

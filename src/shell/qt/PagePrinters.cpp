@@ -1,0 +1,169 @@
+#include "shell/qt/PagePrinters.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QSaveFile>
+#include <optional>
+
+#include "platform/qt/PageDevice.h"
+
+namespace morvane {
+namespace {
+
+constexpr int PdfResolution = 600; // dots per inch
+constexpr double PdfEdge = 0.25; // inch, left free as a printer does
+
+QPageLayout::Orientation OrientationOf(const PageRequest& request)
+{
+    return request.Landscape ? QPageLayout::Landscape : QPageLayout::Portrait;
+}
+
+QMarginsF PdfMargins()
+{
+    return {PdfEdge, PdfEdge, PdfEdge, PdfEdge};
+}
+
+// The paper that the user's country writes on.
+QPageSize UsualPaper()
+{
+    const bool metric = QLocale().measurementSystem() == QLocale::MetricSystem;
+    return QPageSize(metric ? QPageSize::A4 : QPageSize::Letter);
+}
+
+// The file is written beside the target and takes its name at the end.
+class PdfFile final : public Printer {
+public:
+    PdfFile(const PageRequest& Request, QPageLayout Layout, QString Path)
+        : m_file(Path), m_writer(&m_file), m_layout(std::move(Layout))
+    {
+        m_writer.setResolution(PdfResolution);
+        m_writer.setTitle(QString::fromStdString(Request.DocumentName));
+        m_writer.setCreator("Morvane " + QCoreApplication::applicationVersion());
+    }
+
+    std::string Name() const override { return m_file.fileName().toStdString(); }
+    bool Open() override { return true; }
+    std::string ChangePageSettings() override
+    {
+        m_layout.setUnits(QPageLayout::Inch);
+        m_layout.setMinimumMargins({});
+        const bool isTaken = m_layout.setMargins(PdfMargins()) && m_writer.setPageLayout(m_layout);
+        return isTaken ? "" : "Error changing page settings.";
+    }
+    bool StartDoc() override
+    {
+        if (!m_file.open(QIODevice::WriteOnly))
+            return false;
+        m_page.emplace(m_writer);
+        return m_writer.paintingActive();
+    }
+    bool StartPage() override { return true; } // the document starts with one
+    Device& Page() override { return *m_page; }
+    bool EndPage() override { return true; } // and ends with it
+    bool EndDoc() override
+    {
+        m_page.reset();
+        return m_file.commit();
+    }
+
+private:
+    QSaveFile m_file; // outlives what is written into it
+    QPdfWriter m_writer;
+    std::optional<PageDevice> m_page;
+    QPageLayout m_layout;
+};
+
+class PaperPrinter final : public Printer {
+public:
+    PaperPrinter(std::unique_ptr<QPrinter> On, std::string Name)
+        : m_printer(std::move(On)), m_name(std::move(Name))
+    {
+    }
+    ~PaperPrinter() override
+    {
+        if (m_page)
+            m_printer->abort();
+    }
+
+    std::string Name() const override { return m_name; }
+    bool Open() override { return m_printer && m_printer->isValid(); }
+    // As much of the sheet as the printer can print on.
+    std::string ChangePageSettings() override
+    {
+        QPageLayout layout = m_printer->pageLayout();
+        const bool isTaken =
+            layout.setMargins(layout.minimumMargins()) && m_printer->setPageLayout(layout);
+        return isTaken ? "" : "Error changing page settings.";
+    }
+    bool StartDoc() override
+    {
+        m_page.emplace(*m_printer);
+        return m_printer->paintingActive();
+    }
+    bool StartPage() override { return IsWell(); }
+    Device& Page() override { return *m_page; }
+    bool EndPage() override { return IsWell(); }
+    bool EndDoc() override
+    {
+        m_page.reset();
+        return IsWell();
+    }
+
+private:
+    bool IsWell() const
+    {
+        const QPrinter::PrinterState state = m_printer->printerState();
+        return state != QPrinter::Error && state != QPrinter::Aborted;
+    }
+
+    std::unique_ptr<QPrinter> m_printer;
+    std::string m_name;
+    std::optional<PageDevice> m_page;
+};
+
+std::unique_ptr<QPrinter> Prepared(const PageRequest& request, const QPrinterInfo& on)
+{
+    auto printer = on.isNull() ? std::make_unique<QPrinter>(QPrinter::HighResolution)
+                               : std::make_unique<QPrinter>(on, QPrinter::HighResolution);
+    printer->setDocName(QString::fromStdString(request.DocumentName));
+    printer->setPageOrientation(OrientationOf(request));
+    return printer;
+}
+
+} // namespace
+
+std::unique_ptr<Printer> AskPagePrinter(QWidget* Parent, const PageRequest& Request)
+{
+    auto printer = Prepared(Request, QPrinterInfo::defaultPrinter());
+    QPrintDialog dialog(printer.get(), Parent);
+    dialog.setObjectName("dlgPrint");
+    dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintCollateCopies);
+    if (dialog.exec() != QDialog::Accepted)
+        return nullptr;
+    if (printer->outputFormat() == QPrinter::PdfFormat)
+        return std::make_unique<PdfFile>(Request, printer->pageLayout(), printer->outputFileName());
+    std::string name = printer->printerName().toStdString();
+    return std::make_unique<PaperPrinter>(std::move(printer), std::move(name));
+}
+
+std::unique_ptr<Printer> DefaultPagePrinter(const PageRequest& Request)
+{
+    const QPrinterInfo usual = QPrinterInfo::defaultPrinter();
+    if (usual.isNull())
+        return std::make_unique<PaperPrinter>(nullptr, "there is no default printer");
+    return std::make_unique<PaperPrinter>(
+        Prepared(Request, usual), usual.printerName().toStdString());
+}
+
+std::unique_ptr<Printer> PagePrinterToPdf(const PageRequest& Request, const std::string& Path)
+{
+    return std::make_unique<PdfFile>(Request,
+        QPageLayout(UsualPaper(), OrientationOf(Request), PdfMargins(), QPageLayout::Inch),
+        QString::fromStdString(Path));
+}
+
+} // namespace morvane
