@@ -65,7 +65,7 @@ void DrawInterferogram(Device& on, const PaneBox& pane, const ReportSource& of)
         return;
     const ImageBuffer& image = of.Document.Image();
     const auto [width, height] = image.Size;
-    const DeviceRect target = FitWithin(pane.Inside, {width, height});
+    const DeviceRect target = FitInto(pane.Inside, {width, height});
     const auto palette = BuildDisplayPalette(of.Chosen.RedDisplay, false, {}); // all intensities
     on.DrawPicture(target, {image.Pixels, width, height, &palette}, {0, 0, width, height});
     const double zoom = std::min(static_cast<double>(pane.Inside.Width()) / width,

@@ -3,7 +3,7 @@
 #include "document/LoadPicture.h"
 #include "platform/Numbers.h"
 #include "report/PageText.h"
-#include "report/ReportPage.h"
+#include "report/PaneLayout.h"
 
 namespace morvane {
 namespace {
@@ -57,7 +57,7 @@ void DrawLogo(Device& On, const DeviceRect& Pane, int Gap, const std::string& Pa
     if (logo.Error != PictureError::None || box.Width() <= 0 || box.Height() <= 0)
         return;
     const auto& [width, height] = std::pair(logo.Picture.Width, logo.Picture.Height);
-    On.DrawColorPicture(FitWithin(box, {width, height}), {ColorsOf(logo.Picture), width, height});
+    On.DrawColorPicture(FitInto(box, {width, height}), {ColorsOf(logo.Picture), width, height});
 }
 
 void DrawComments(

@@ -22,7 +22,7 @@ PaneLayout LayOutPanes(const DeviceRect& Page, int NumPanes)
         };
         const int top = lineAt(i), end = i + 1 < rows.size() ? lineAt(i + 1) + 1 : Page.Bottom;
         if (i > 0)
-            layout.Lines.push_back({DevicePoint{Page.Left, top}, DevicePoint{right, top}});
+            layout.Lines.push_back({{Page.Left, top}, {right, top}});
         if (rows[i].Panes == 1) {
             layout.Panes.push_back({Page.Left, top, Page.Right, end});
             continue;
@@ -32,7 +32,7 @@ PaneLayout LayOutPanes(const DeviceRect& Page, int NumPanes)
         layout.Panes.push_back({middle, top, Page.Right, end});
     }
     if (divided)
-        layout.Lines.push_back({DevicePoint{middle, *divided}, DevicePoint{middle, bottom}});
+        layout.Lines.push_back({{middle, *divided}, {middle, bottom}});
     return layout;
 }
 

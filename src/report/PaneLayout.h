@@ -24,9 +24,15 @@ inline constexpr std::array SixPanes{PaneRow{0, 2}, PaneRow{1.0 / 3, 2}, PaneRow
 inline constexpr std::array<std::span<const PaneRow>, MaxPanes> PaneRows{
     OnePane, TwoPanes, ThreePanes, FourPanes, FivePanes, SixPanes};
 
+// Both ends are to be drawn.
+struct PageLine {
+    DevicePoint From, To;
+    friend bool operator==(const PageLine&, const PageLine&) = default;
+};
+
 struct PaneLayout {
     std::vector<DeviceRect> Panes; // row by row; the line between two belongs to both
-    std::vector<std::array<DevicePoint, 2>> Lines; // between panes, both ends to be drawn
+    std::vector<PageLine> Lines; // between panes
 };
 
 // Without panes if there are not 1 to MaxPanes.

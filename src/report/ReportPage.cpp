@@ -1,45 +1,12 @@
 #include "report/ReportPage.h"
 
 #include <algorithm>
-#include <span>
+#include <utility>
 
 #include "platform/Numbers.h"
 
 namespace morvane {
 namespace {
-
-// Panes side by side, down to a fraction of the height of the box.
-struct PaneRow {
-    double End;
-    int Columns;
-};
-
-// The first of 2, 3 and 5 panes gets the larger share, for the main picture.
-std::span<const PaneRow> RowsOf(int numPanes)
-{
-    static constexpr PaneRow one[] = {{1, 1}};
-    static constexpr PaneRow two[] = {{3.0 / 5, 1}, {1, 1}};
-    static constexpr PaneRow three[] = {{3.0 / 5, 1}, {1, 2}};
-    static constexpr PaneRow four[] = {{1.0 / 2, 2}, {1, 2}};
-    static constexpr PaneRow five[] = {{2.0 / 5, 1}, {7.0 / 10, 2}, {1, 2}};
-    static constexpr PaneRow six[] = {{1.0 / 3, 2}, {2.0 / 3, 2}, {1, 2}};
-    switch (numPanes) {
-    case 1:
-        return one;
-    case 2:
-        return two;
-    case 3:
-        return three;
-    case 4:
-        return four;
-    case 5:
-        return five;
-    case 6:
-        return six;
-    default:
-        return {};
-    }
-}
 
 DevicePoint MarginsOf(const DeviceFigures& of)
 {
@@ -66,26 +33,13 @@ DeviceRect BoxOf(const DeviceFigures& of, DevicePoint margins, int titleHeight, 
         of.Printable.Height - 1 - below};
 }
 
-void AddPanes(ReportPage& to, std::span<const PaneRow> rows)
+void AddPanes(ReportPage& to, int numPanes)
 {
     const auto [left, top, right, bottom] = to.Box;
-    const int middle = RoundToLong((right - left + 1) / 2.0 + left);
-    int from = top, split = bottom;
-    for (const PaneRow& row : rows) {
-        const int end = row.End < 1 ? RoundToLong((bottom - top + 1) * row.End + top) : bottom;
-        if (row.Columns == 1) {
-            to.Panes.push_back({left, from, right, end});
-        } else {
-            to.Panes.push_back({left, from, middle, end});
-            to.Panes.push_back({middle, from, right, end});
-            split = std::min(split, from);
-        }
-        if (end < bottom)
-            to.InnerLines.push_back({{left, end}, {right, end}});
-        from = end;
-    }
-    if (split < bottom)
-        to.InnerLines.push_back({{middle, split}, {middle, bottom}});
+    PaneLayout layout = LayOutPanes({left, top, right + 1, bottom + 1}, numPanes);
+    for (const DeviceRect& pane : layout.Panes)
+        to.Panes.push_back({pane.Left, pane.Top, pane.Right - 1, pane.Bottom - 1});
+    to.InnerLines = std::move(layout.Lines);
 }
 
 } // namespace
@@ -95,16 +49,6 @@ DeviceRect ReportPage::Inside(const DeviceRect& Pane) const
     return {Pane.Left + Gap, Pane.Top + Gap, Pane.Right - Gap + 1, Pane.Bottom - Gap + 1};
 }
 
-DeviceRect FitWithin(const DeviceRect& Box, DeviceSize Picture)
-{
-    const double scale = std::min(static_cast<double>(Box.Width()) / Picture.Width,
-        static_cast<double>(Box.Height()) / Picture.Height);
-    const int width = RoundToLong(Picture.Width * scale);
-    const int height = RoundToLong(Picture.Height * scale);
-    const int x = (Box.Width() - width) / 2 + Box.Left, y = (Box.Height() - height) / 2 + Box.Top;
-    return {x, y, x + width, y + height};
-}
-
 ReportPage LayOutPage(const DeviceFigures& Of, int TitleHeight, int NumPanes)
 {
     const DevicePoint margins = MarginsOf(Of);
@@ -112,7 +56,7 @@ ReportPage LayOutPage(const DeviceFigures& Of, int TitleHeight, int NumPanes)
     page.Gap = RoundToLong(Of.PixelsPerInchX / 8.0);
     page.Title = {RoundToLong((Of.Printable.Width - 1) / 2.0), margins.Y};
     page.Box = BoxOf(Of, margins, TitleHeight, page.Gap);
-    AddPanes(page, RowsOf(NumPanes));
+    AddPanes(page, NumPanes);
     return page;
 }
 

@@ -5,14 +5,9 @@
 #pragma once
 #include <vector>
 
-#include "platform/Device.h"
+#include "report/PaneLayout.h"
 
 namespace morvane {
-
-struct PageLine {
-    DevicePoint From, To;
-    friend bool operator==(const PageLine&, const PageLine&) = default;
-};
 
 struct ReportPage {
     DevicePoint Title; // its upper edge, in the middle
@@ -27,8 +22,5 @@ struct ReportPage {
 
 // A number of panes outside 1 to 6 leaves the box empty.
 ReportPage LayOutPage(const DeviceFigures& Of, int TitleHeight, int NumPanes);
-
-// The largest box of the shape of a picture within another, in its middle.
-DeviceRect FitWithin(const DeviceRect& Box, DeviceSize Picture);
 
 } // namespace morvane

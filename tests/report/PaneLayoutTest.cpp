@@ -70,6 +70,8 @@ TEST(PaneLayout, PicturesKeepTheirProportionsInTheMiddle)
     };
     for (const auto& c : cases)
         EXPECT_EQ(FitInto({100, 50, 300, 150}, c.Picture), c.Drawn) << c.Name;
+    EXPECT_EQ(FitInto({10, 20, 110, 220}, {50, 40}), (DeviceRect{10, 80, 110, 160}));
+    EXPECT_EQ(FitInto({10, 20, 110, 220}, {40, 800}), (DeviceRect{55, 20, 65, 220}));
     EXPECT_EQ(FitInto({5, 5, 5, 9}, {1, 1}), DeviceRect{}) << "no room";
 }
 

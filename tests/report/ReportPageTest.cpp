@@ -86,11 +86,5 @@ TEST(ReportPage, ResolutionsMayDiffer)
     EXPECT_EQ(page.Inside(page.Panes[0]), (DeviceRect{225, 270, 4575, 2850}));
 }
 
-TEST(ReportPage, PicturesKeepTheirShapeInTheMiddle)
-{
-    EXPECT_EQ(FitWithin({10, 20, 110, 220}, {50, 40}), (DeviceRect{10, 80, 110, 160}));
-    EXPECT_EQ(FitWithin({10, 20, 110, 220}, {40, 800}), (DeviceRect{55, 20, 65, 220}));
-}
-
 } // namespace
 } // namespace morvane
