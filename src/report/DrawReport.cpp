@@ -8,6 +8,7 @@
 #include "platform/Numbers.h"
 #include "report/LogoPane.h"
 #include "report/PageText.h"
+#include "report/PaneViews.h"
 #include "report/ProfilePane.h"
 #include "report/ReportPage.h"
 
@@ -80,29 +81,30 @@ void DrawLogoAndComments(Device& on, const PaneBox& pane, const ReportSource& of
     DrawLogo(on, pane.Whole, pane.Gap, of.LogoPath);
 }
 
-struct PaneView {
-    PaneCode Code;
+struct PaneDrawing {
+    PaneView View;
     bool NeedsAnalysis;
     void (*Draw)(Device&, const PaneBox&, const ReportSource&); // nullptr: it stays empty
 };
 
-constexpr PaneView PaneViews[] = {
-    {PaneCode::Aberrations, true, DrawAberrations},
-    {PaneCode::ContourPlot, true, nullptr},
-    {PaneCode::Interferogram, false, DrawInterferogram},
-    {PaneCode::LineProfile, true, DrawLineProfile},
-    {PaneCode::Logo, false, DrawLogoAndComments},
-    {PaneCode::SurfacePlot, true, nullptr},
-    {PaneCode::SyntheticFringes, true, nullptr},
-    {PaneCode::Zernikes, true, DrawZernikes},
-    {PaneCode::GridResults, true, DrawGridResults},
+constexpr PaneDrawing PaneDrawings[] = {
+    {PaneView::Aberrations, true, DrawAberrations},
+    {PaneView::ContourPlot, true, nullptr},
+    {PaneView::Interferogram, false, DrawInterferogram},
+    {PaneView::LineProfile, true, DrawLineProfile},
+    {PaneView::Logo, false, DrawLogoAndComments},
+    {PaneView::SurfacePlot, true, nullptr},
+    {PaneView::SyntheticFringes, true, nullptr},
+    {PaneView::Zernikes, true, DrawZernikes},
+    {PaneView::GridResults, true, DrawGridResults},
 };
 
 // nullptr for none.
-const PaneView* ViewOf(int code)
+const PaneDrawing* DrawingOf(int code)
 {
-    const auto view = std::ranges::find(PaneViews, static_cast<PaneCode>(code), &PaneView::Code);
-    return view == std::end(PaneViews) ? nullptr : view;
+    const auto drawing =
+        std::ranges::find(PaneDrawings, static_cast<PaneView>(code), &PaneDrawing::View);
+    return drawing == std::end(PaneDrawings) ? nullptr : drawing;
 }
 
 std::span<const int> PanesOf(const ReportPreferences& of)
@@ -112,15 +114,15 @@ std::span<const int> PanesOf(const ReportPreferences& of)
     return std::span(of.Pane).first(isKnown ? static_cast<std::size_t>(of.NumPanes) : 0);
 }
 
-void DrawPane(Device& on, const PaneBox& pane, const PaneView* view, const ReportSource& of)
+void DrawPane(Device& on, const PaneBox& pane, const PaneDrawing* drawing, const ReportSource& of)
 {
     const bool hasRoom = pane.Inside.Width() > 0 && pane.Inside.Height() > 0;
-    if (!view || !view->Draw || !hasRoom)
+    if (!drawing || !drawing->Draw || !hasRoom)
         return;
-    if (view->NeedsAnalysis && !of.Document.OutputViewsExist())
+    if (drawing->NeedsAnalysis && !of.Document.OutputViewsExist())
         return;
     const clsClipScope clip(on, pane.Inside);
-    view->Draw(on, pane, of);
+    drawing->Draw(on, pane, of);
 }
 
 void DrawPageGrid(Device& on, const ReportPage& page)
@@ -140,8 +142,8 @@ bool HasEmptyPanes(const ReportSource& Of)
 {
     return !Of.Document.OutputViewsExist()
         && std::ranges::any_of(PanesOf(Of.Chosen.Report), [](int code) {
-               const PaneView* const view = ViewOf(code);
-               return view && view->NeedsAnalysis;
+               const PaneDrawing* const drawing = DrawingOf(code);
+               return drawing && drawing->NeedsAnalysis;
            });
 }
 
@@ -155,7 +157,7 @@ void DrawReport(Device& On, const ReportSource& Of)
         DrawPageGrid(On, page);
     for (std::size_t i = 0; i < page.Panes.size(); ++i) {
         const DeviceRect& pane = page.Panes[i];
-        DrawPane(On, {pane, page.Inside(pane), page.Gap}, ViewOf(chosen.Pane[i]), Of);
+        DrawPane(On, {pane, page.Inside(pane), page.Gap}, DrawingOf(chosen.Pane[i]), Of);
     }
 }
 

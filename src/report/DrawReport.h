@@ -7,20 +7,6 @@
 
 namespace morvane {
 
-// What a pane shows, by the numbers of the page setup.
-enum class PaneCode {
-    None = 0,
-    Aberrations = 1,
-    ContourPlot = 2,
-    Interferogram = 3,
-    LineProfile = 4,
-    Logo = 5,
-    SurfacePlot = 6,
-    SyntheticFringes = 7,
-    Zernikes = 8,
-    GridResults = 9
-};
-
 struct ReportSource {
     const clsDocument& Document;
     const Preferences& Chosen;
