@@ -1,6 +1,5 @@
 // A line profile of 1000 points, drawn anew in a window of 800 x 600, against a bare painter that
 // draws the same lines and texts; what those are is recorded from the chart itself.
-#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <cmath>
@@ -8,6 +7,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "bench/BenchApplication.h"
 #include "platform/qt/QtDevice.h"
 #include "tests/RecordingDevice.h"
 #include "views/clsLineProfile.h"
@@ -16,17 +16,6 @@ namespace morvane {
 namespace {
 
 constexpr int Width = 800, Height = 600, NumPoints = 1000;
-
-// Texts are made without a screen.
-void haveApplication()
-{
-    static int count = 1;
-    static char name[] = "morvane_bench";
-    static char* values[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    if (!QGuiApplication::instance())
-        new QGuiApplication(count, values); // never ended: there is no place to end it from
-}
 
 clsLineProfile waves()
 {
@@ -56,7 +45,7 @@ QImage client()
 
 void repaintChart(benchmark::State& state)
 {
-    haveApplication();
+    HaveApplication();
     clsLineProfile plot = waves();
     QImage image = client();
     {
@@ -124,7 +113,7 @@ void draw(QPainter& painter, const Primitive& what)
 
 void repaintBare(benchmark::State& state)
 {
-    haveApplication();
+    HaveApplication();
     clsLineProfile plot = waves();
     const std::vector<Primitive> primitives = primitivesOf(plot);
     const DeviceRect area = plot.Chart.PlotArea();
