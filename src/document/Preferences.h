@@ -71,9 +71,12 @@ struct UserData {
     friend bool operator==(const UserData&, const UserData&) = default;
 };
 
+// Of the printed report; any other number stands upright too.
+inline constexpr int PortraitOrientation = 1, LandscapeOrientation = 2;
+
 // Which rows and panes the printed report has.
 struct ReportPreferences {
-    int PageOrientation = 1; // 1 portrait, 2 landscape
+    int PageOrientation = PortraitOrientation;
     bool ShowRMS = true, ShowPV = true, ShowStrehl = true;
     bool ShowTilt = false, ShowDefocus = false;
     bool ShowAstigmatism = true, ShowComa = true, ShowSpherical = true;

@@ -7,9 +7,6 @@
 
 namespace morvane {
 
-// Of the preferences; any other stands upright too.
-inline constexpr int PortraitOrientation = 1, LandscapeOrientation = 2;
-
 // The sheet in a box of that size.
 DeviceRect PreviewedPage(DeviceSize In, const ReportPreferences& Chosen);
 

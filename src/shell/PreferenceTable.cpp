@@ -27,7 +27,7 @@ Rows DialogRows(Preferences& Of)
 Rows ReportRows(ReportPreferences& Of)
 {
     Rows rows{
-        {"Page Orientation", &Of.PageOrientation, 1, 2},
+        {"Page Orientation", &Of.PageOrientation, PortraitOrientation, LandscapeOrientation},
         {"Show RMS", &Of.ShowRMS},
         {"Show PV", &Of.ShowPV},
         {"Show Strehl", &Of.ShowStrehl},

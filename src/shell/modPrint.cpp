@@ -5,8 +5,6 @@
 namespace morvane {
 namespace {
 
-constexpr int Landscape = 2;
-
 Message Failure(const std::string& text)
 {
     return {.Text = text, .Title = "Error"};
@@ -16,7 +14,7 @@ Message Failure(const std::string& text)
 
 PageRequest Session::RequestFor(const clsDocument& Of) const
 {
-    return {"Morvane - " + Of.ShownName(), Prefs.Report.PageOrientation == Landscape};
+    return {"Morvane - " + Of.ShownName(), Prefs.Report.PageOrientation == LandscapeOrientation};
 }
 
 void Session::PrintDialog(const clsDocument& Of)
