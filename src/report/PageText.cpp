@@ -72,22 +72,22 @@ void DrawTabbed(
     }
 }
 
-std::vector<std::string_view> ParagraphsOf(std::string_view text)
+} // namespace
+
+std::vector<std::string_view> LinesOf(std::string_view Text)
 {
-    std::vector<std::string_view> paragraphs;
+    std::vector<std::string_view> lines;
     for (;;) {
-        const std::size_t end = text.find('\n');
-        std::string_view line = text.substr(0, end);
+        const std::size_t end = Text.find('\n');
+        std::string_view line = Text.substr(0, end);
         if (line.ends_with('\r'))
             line.remove_suffix(1);
-        paragraphs.push_back(line);
+        lines.push_back(line);
         if (end == std::string_view::npos)
-            return paragraphs;
-        text.remove_prefix(end + 1);
+            return lines;
+        Text.remove_prefix(end + 1);
     }
 }
-
-} // namespace
 
 std::size_t FittingLength(const Device& On, std::string_view Text, int Width)
 {
@@ -130,7 +130,7 @@ std::vector<std::string> WrapText(const Device& On, std::string Text, int Width)
 std::vector<std::string> WrapWords(const Device& On, std::string_view Text, int Width)
 {
     std::vector<std::string> lines;
-    for (std::string_view rest : ParagraphsOf(Text)) {
+    for (std::string_view rest : LinesOf(Text)) {
         for (;;) {
             const std::size_t fits = FittingLength(On, rest, Width);
             std::size_t end = fits < rest.size() ? rest.find_last_of(' ', fits) : rest.size();

@@ -9,6 +9,9 @@
 
 namespace morvane {
 
+// Between its line ends, LF or CR LF.
+std::vector<std::string_view> LinesOf(std::string_view Text);
+
 // As many bytes of Text as fit into Width with the font that is set, whole characters.
 std::size_t FittingLength(const Device& On, std::string_view Text, int Width);
 

@@ -5,21 +5,10 @@
 
 #include "document/DocumentTexts.h"
 #include "platform/Numbers.h"
+#include "report/PageText.h"
 
 namespace morvane {
 namespace {
-
-std::vector<std::string> LinesOf(std::string_view text)
-{
-    std::vector<std::string> lines;
-    for (;;) {
-        const std::size_t end = text.find("\r\n");
-        lines.emplace_back(text.substr(0, end));
-        if (end == std::string_view::npos)
-            return lines;
-        text.remove_prefix(end + 2);
-    }
-}
 
 // The optic's fields that say something. The first of them stands in the row that the description
 // would have, whichever it is.
@@ -97,7 +86,9 @@ struct CellTable {
 
 TextPane AberrationsPane(const clsDocument& Of, const ReportPreferences& Chosen)
 {
-    std::vector<std::string> lines = LinesOf(AberrationsText(Of));
+    const std::string figures = AberrationsText(Of);
+    const std::vector<std::string_view> rows = LinesOf(figures);
+    std::vector<std::string> lines(rows.begin(), rows.end());
     const std::vector<std::string> optic = OpticLines(Of.Optic);
     lines.insert(lines.end(), optic.begin(), optic.end());
     const bool selected[] = {true, true, Chosen.ShowRMS, Chosen.ShowPV, Chosen.ShowStrehl,
