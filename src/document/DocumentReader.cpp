@@ -80,6 +80,7 @@ private:
         if (m_tellsValidity)
             m_document.AnalysisValid = m_document.m_zernikes.back() != 0;
         m_document.OutputViews_Load(Placement::Shared);
+        m_document.OutputViews_LoadData();
     }
 
     // --- Values

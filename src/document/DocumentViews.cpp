@@ -93,7 +93,7 @@ bool clsDocument::MakeOutputViews()
     m_aberrationsView = windows.CreateTextWindow(*this, Aberrations);
     m_zernikesView = windows.CreateTextWindow(*this, Zernikes);
     m_gridResultsView = windows.CreateTextWindow(*this, GridResults);
-    OutputViews_LoadData();
+    UpdateCaptions();
     return OutputViewsExist();
 }
 
@@ -194,7 +194,8 @@ void clsDocument::OutputViews_NotePlaces()
         return;
     for (const ViewType kind : LoadOrder)
         if (const DocumentWindow* const view = View(kind))
-            m_host.GetPreferences().Places.At(kind) = view->GetPlace();
+            if (const WindowPlace place = view->GetPlace(); place.Width > 0 && place.Height > 0)
+                m_host.GetPreferences().Places.At(kind) = place;
 }
 
 void clsDocument::OutputViews_TakePlaces()
@@ -231,7 +232,6 @@ void clsDocument::OutputViews_Load(Placement How)
             preferences.Places.At(kind).Top += preferences.CascadeY;
         }
     OutputViews_TakePlaces();
-    OutputViews_LoadData();
 }
 
 void clsDocument::PlaceView(DocumentWindow& View, const WindowPlace& At)
@@ -285,7 +285,8 @@ double clsDocument::LeastProfileSpan() const
 
 void clsDocument::RefreshLineViewData(int Angle)
 {
-    if (m_maps.ProfileX.empty() || !OutputViewsExist())
+    // A trace may have left another mask than that of the results.
+    if (m_maps.ProfileX.empty() || !OutputViewsExist() || !EnsureMask())
         return;
     LineProfileAngle = Angle;
     FillProfile(m_maps);

@@ -89,7 +89,7 @@ QAction& frmMain::AddTool(Command Rule, const char* Name, const char* Caption, A
 
 void frmMain::MakeTools()
 {
-    AddTool(Command::Print, "Print", "Print", 
+    AddTool(Command::Print, "Print", "Print",
         OnActive([](Session& session, clsDocument& active) { session.PrintAtOnce(active); }));
     QAction& hand =
         AddTool(Command::HandTool, "HandTool", "Hand", [this] { m_session->SetEditMode(false); });

@@ -191,8 +191,10 @@ bool Session::ApplyAnalysis(clsDocument& Target)
     if (!Target.OutputViewsExist() && !Target.CreateOutputViews())
         return false;
     const HourglassScope hourglass(*this);
-    if (!Target.UpdateAnalysis(true, true))
+    if (!Target.UpdateAnalysis(true, true)) {
+        m_frame.UpdateMainFrame();
         return false;
+    }
     Target.OutputViews_UpdateVisibility(Activation::LeaveFocus);
     Target.OutputViews_Refresh();
     m_frame.UpdateMainFrame();
@@ -215,6 +217,14 @@ void Session::ToggleView(ViewType View)
     DocumentWindow* const front = visible ? active->View(View) : active->ImageView();
     if (front)
         front->Show(Activation::TakeFocus);
+    m_frame.UpdateMainFrame();
+}
+
+void Session::HideView(clsDocument& Of, ViewType View)
+{
+    Of.Visible.At(View) = false;
+    if (DocumentWindow* const window = Of.View(View))
+        window->Hide();
     m_frame.UpdateMainFrame();
 }
 

@@ -94,6 +94,8 @@ public:
     void AdjustAspectRatio(double Ratio);
     void AnalyzeFringes();
     void ToggleView(ViewType View);
+    // What the close box of a view does.
+    void HideView(clsDocument& Of, ViewType View);
     // What is selected in the active text view, or all of it, to the clipboard; with another view
     // in front it stays as it is.
     void CopyText();

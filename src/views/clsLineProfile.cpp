@@ -151,7 +151,7 @@ bool clsLineProfile::AutoScale(int Axis)
             min = hasData ? least : 0;
         if (axis.AutoMax)
             max = hasData ? most : 1;
-        const double minSpan = IsVertical(Axis) ? MinYSpan : NoPoint;
+        const double minSpan = IsVertical(Axis) && hasData ? MinYSpan : NoPoint;
         if (hasData && min == max)
             WidenAround(min, max, axis, minSpan);
         hint = AutoScaleRange(min, max, axis.Log, axis.AutoMin, axis.AutoMax, minSpan);

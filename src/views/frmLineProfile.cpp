@@ -19,6 +19,7 @@ frmLineProfile::frmLineProfile(clsDocument& Of, Session& In)
     m_angle->setRange(0, 359);
     m_angle->setSingleStep(1);
     m_angle->setPageStep(5);
+    m_angle->setInvertedControls(false); // else the left key would turn the line to the right
     m_angle->setFocusPolicy(Qt::StrongFocus);
     m_angle->setToolTip(tr("Angle of the line, in degrees"));
     auto* const inside = new QWidget;
@@ -32,8 +33,10 @@ frmLineProfile::frmLineProfile(clsDocument& Of, Session& In)
     connect(m_angle, &QScrollBar::valueChanged, this, [this](int degrees) {
         if (m_canvas->height() < 1)
             return;
+        const bool wasMarked = m_document.HasUnsavedChanges();
         m_document.RefreshLineViewData(degrees);
-        MarkChanges();
+        if (!wasMarked)
+            m_session.Frame().UpdateMainFrame();
         m_canvas->repaint();
     });
 }

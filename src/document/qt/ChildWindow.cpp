@@ -31,7 +31,10 @@ void ChildWindow::ShowWindow(Activation How)
 {
     if (How == Activation::LeaveFocus) {
         const QScopedValueRollback quiet(m_leavesFocus, true);
+        const bool appears = !isVisible();
         setVisible(true);
+        if (appears)
+            raise();
         return;
     }
     if (isMinimized())
@@ -39,8 +42,29 @@ void ChildWindow::ShowWindow(Activation How)
     else
         show();
     if (mdiArea())
-        mdiArea()->setActiveSubWindow(this);
-    raise(); // the active one may lie below views that were shown without the focus
+        Activate();
+}
+
+// The area also raises the window that was active before, over views that were shown without the
+// focus; and it does nothing for the active one, however deep it lies. So: the windows as they lay,
+// this one over them, and on top what has appeared with it.
+void ChildWindow::Activate()
+{
+    const auto shown = [area = mdiArea()] {
+        QList<QMdiSubWindow*> windows = area->subWindowList(QMdiArea::StackingOrder);
+        windows.removeIf([](const QMdiSubWindow* window) { return !window->isVisible(); });
+        return windows;
+    };
+    const QList<QMdiSubWindow*> before = shown();
+    mdiArea()->setActiveSubWindow(this);
+    const QList<QMdiSubWindow*> after = shown();
+    for (QMdiSubWindow* const window : before)
+        if (after.contains(window))
+            window->raise();
+    raise();
+    for (QMdiSubWindow* const window : after)
+        if (!before.contains(window))
+            window->raise();
 }
 
 void ChildWindow::mousePressEvent(QMouseEvent* Event)
@@ -118,8 +142,7 @@ void ChildWindow::showEvent(QShowEvent* Event)
 void ChildWindow::closeEvent(QCloseEvent* Event)
 {
     Event->ignore();
-    m_session.ActivateDocument(m_document, m_kind);
-    m_session.ToggleView(m_kind);
+    m_session.HideView(m_document, m_kind);
 }
 
 bool ChildWindow::eventFilter(QObject* Watched, QEvent* Event)

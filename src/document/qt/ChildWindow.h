@@ -47,6 +47,7 @@ protected:
 
 private:
     void NotePlace();
+    void Activate();
 
     QString m_caption;
     QRect m_normal;

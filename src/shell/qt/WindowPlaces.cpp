@@ -29,13 +29,15 @@ QRect RoomForPicture(QSize WorkArea, int Slot)
 
 QRect PlaceOfProfile(QSize WorkArea)
 {
-    return {QPoint(Gap, std::max(0, WorkArea.height() - Gap - ProfileSize.height())), ProfileSize};
+    const QSize size = ProfileSize.boundedTo(WorkArea - QSize(2 * Gap, 2 * Gap)).expandedTo({1, 1});
+    return {QPoint(Gap, std::max(0, WorkArea.height() - Gap - size.height())), size};
 }
 
 QRect PlaceOfText(QSize WorkArea, ViewType Kind, QSize Needed)
 {
     const bool aberrations = Kind == ViewType::Aberrations;
-    const QSize size = Needed.expandedTo(aberrations ? AberrationsSize : ZernikesSize);
+    const QSize whole = Needed.expandedTo(aberrations ? AberrationsSize : ZernikesSize);
+    const QSize size = whole.boundedTo(WorkArea - QSize(2 * Gap, 2 * Gap)).expandedTo({1, 1});
     const int left = WorkArea.width() - Gap - std::max(TextColumn, size.width());
     const int top = aberrations ? Gap : Gap + AberrationsSize.height() + Gap;
     return {QPoint(std::max(0, left),

@@ -7,7 +7,6 @@ ProfileCanvas::ProfileCanvas()
 {
     setObjectName("picProfile");
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setMinimumSize(1, 1);
 }
 
 void ProfileCanvas::SetProfile(const ProfileData& Shown)
