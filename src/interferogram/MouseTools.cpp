@@ -1,32 +1,12 @@
 #include "interferogram/MouseTools.h"
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
-#include "analysis/ModMathLib.h"
 #include "platform/Numbers.h"
 
 namespace morvane {
 namespace {
-
-constexpr std::size_t ClicksOfGrid = 2;
-constexpr std::size_t FewestCorners = 3; // of a polygon
-constexpr double ClosingDistance = 3.0; // image pixels, in each axis
-
-std::size_t ClicksOf(ShapeKind kind)
-{
-    switch (kind) {
-    case ShapeKind::Circle:
-        return 4;
-    case ShapeKind::Ellipse:
-        return 3;
-    case ShapeKind::Polygon:
-    case ShapeKind::None:
-        break;
-    }
-    return MaxClicks;
-}
 
 ObjectPart PartOf(const ShapeHit& hit)
 {
@@ -181,43 +161,6 @@ void MouseTools::PressToEdit(Point At, int Shift)
     }
 }
 
-void MouseTools::AddClick(Point At)
-{
-    if (m_numClicks == m_clicks.size())
-        return;
-    m_clicks[m_numClicks++] = At;
-    m_host.DrawClickMark(At);
-}
-
-void MouseTools::SelectObject(int Shift)
-{
-    m_selected = m_hover;
-    m_dragShift = Shift;
-    m_resizeAxis = ResizeAxis::Undecided;
-    SaveObject();
-    m_host.Repaint();
-}
-
-void MouseTools::SaveObject()
-{
-    m_saved = {};
-    if (m_selected.IsShape()) {
-        const clsShape& shape = ShapeOf(m_selected.Type);
-        m_saved.Center = shape.GetCenter();
-        m_saved.Vertex = shape.GetVertex(m_selected.Vertex);
-        if (m_selected.Part == ObjectPart::CircleOutline)
-            m_saved.Round = {m_saved.Center, shape.GetRadii(), 0};
-        if (m_selected.Part == ObjectPart::EllipseOutline)
-            m_saved.Round = {m_saved.Center, shape.GetRadii(), shape.GetAngle()};
-    } else if (m_selected.Type == ObjectType::FringeCenter) {
-        m_saved.Center = m_saved.Vertex =
-            m_document.Fringes.GetCenter(m_selected.Order, m_selected.Tick, m_selected.Index);
-    } else if (m_selected.Type == ObjectType::Grid) {
-        m_saved.Center = m_document.Grid.GetCenter();
-        m_saved.Vertex = m_document.Grid.GetVertex((m_selected.Vertex + 2) % NoCorner);
-    }
-}
-
 void MouseTools::Move(double ClientX, double ClientY, bool LeftDown, int Shift)
 {
     if (!LeftDown) { // its release went elsewhere
@@ -265,138 +208,6 @@ void MouseTools::Hover(Point At, int Shift)
     }
 }
 
-// The keys that count for this step. Where other keys than before mean something to the object, a
-// new phase of the drag begins at the last position.
-int MouseTools::KeysOfDrag(int Shift)
-{
-    if (Shift == m_dragShift)
-        return Shift;
-    const bool isPlainMove = Shift == 0 || Shift == ShiftKey + ControlKey;
-    const bool isAction = isPlainMove || Shift == ShiftKey || Shift == ControlKey;
-    if (!isPlainMove) {
-        if (m_selected.Type == ObjectType::None)
-            return Shift;
-        if (m_selected.Type == ObjectType::FringeCenter
-            || (Shift == ShiftKey && !CanResize(m_selected.Part))
-            || (Shift == ControlKey && !CanRotate(m_selected.Part)))
-            return m_dragShift;
-        if (!isAction)
-            return Shift;
-    }
-    m_resizeAxis = ResizeAxis::Undecided;
-    SaveObject();
-    m_dragShift = Shift;
-    m_dragStart = m_lastPoint;
-    return Shift;
-}
-
-void MouseTools::Drag(Point At, int Shift)
-{
-    if (m_selected.Type == ObjectType::None)
-        return;
-    switch (Shift) {
-    case 0:
-        MoveObject(At, false);
-        break;
-    case ShiftKey + ControlKey:
-        MoveObject(At, true);
-        break;
-    case ShiftKey:
-        ResizeObject(At);
-        break;
-    case ControlKey:
-        RotateObject(At);
-        break;
-    default:
-        break;
-    }
-    m_lastPoint = At;
-}
-
-// Off the screen, changed, and on it again.
-template <typename Change>
-void MouseTools::ChangeSelected(Change Apply)
-{
-    m_host.XorSelected();
-    Apply();
-    m_host.XorSelected();
-}
-
-void MouseTools::MoveObject(Point At, bool Orthogonal)
-{
-    const bool byVertex = m_selected.Part == ObjectPart::Vertex;
-    const Point to =
-        MovedPoint(byVertex ? m_saved.Vertex : m_saved.Center, m_dragStart, At, Orthogonal);
-    ChangeSelected([&] {
-        if (m_selected.Type == ObjectType::FringeCenter) {
-            MoveCenter(to);
-        } else if (m_selected.Type == ObjectType::Grid) {
-            m_document.Grid.SetCenter(to);
-            NoteChange();
-        } else {
-            clsShape& shape = ShapeOf(m_selected.Type);
-            if (byVertex)
-                shape.SetVertex(to, m_selected.Vertex);
-            else
-                shape.SetCenter(to);
-            ShapeChanged();
-        }
-    });
-}
-
-// One that is dragged off the picture is deleted.
-void MouseTools::MoveCenter(Point To)
-{
-    const RasterSize image = m_document.GetImageSize();
-    const bool isInside =
-        To.X >= 0 && To.X <= image.Width - 1.0 && To.Y >= 0 && To.Y <= image.Height - 1.0;
-    if (isInside) {
-        m_document.Fringes.SetCenter(m_selected.Order, m_selected.Tick, To, m_selected.Index);
-    } else {
-        m_document.Fringes.DeleteCenter(m_selected.Order, m_selected.Tick, m_selected.Index);
-        ClearSelectedObject();
-    }
-    FringesChanged();
-}
-
-void MouseTools::ResizeObject(Point At)
-{
-    if (m_selected.Type == ObjectType::Grid) {
-        ChangeSelected([&] { SetGridBounds(At, m_saved.Vertex); });
-        return;
-    }
-    if (!m_selected.IsShape())
-        return;
-    clsShape& shape = ShapeOf(m_selected.Type);
-    ChangeSelected([&] {
-        if (m_selected.Part == ObjectPart::Vertex) {
-            // A polygon of no size could never be made larger again.
-            if (At != m_saved.Center)
-                shape.Resize({VectorLength(At, m_saved.Center), NoPoint}, m_selected.Vertex);
-        } else {
-            const RoundFigure to = m_selected.Part == ObjectPart::CircleOutline
-                ? ResizedCircle(m_saved.Round, m_dragStart, At, m_resizeAxis)
-                : ResizedEllipse(m_saved.Round, m_dragStart, At, m_resizeAxis);
-            if (to.Radii.X == 0 || to.Radii.Y == 0)
-                return; // nobody could take hold of it again
-            shape.Resize(to.Radii, NoFringe);
-            shape.SetCenter(to.Center);
-        }
-        ShapeChanged();
-    });
-}
-
-void MouseTools::RotateObject(Point At)
-{
-    if (!m_selected.IsShape())
-        return;
-    const double step = TurnBetween(m_lastPoint, At, m_dragStart, m_saved.Center);
-    ChangeSelected([&] {
-        ShapeOf(m_selected.Type).Rotate(step);
-        ShapeChanged();
-    });
-}
-
 void MouseTools::Release(MouseButton Button, int Shift)
 {
     if (Button != MouseButton::Left)
@@ -409,59 +220,6 @@ void MouseTools::Release(MouseButton Button, int Shift)
     ClosePolygon();
     if (m_numClicks >= m_clicksNeeded)
         FinishDrawing();
-}
-
-// False if nothing was being dragged.
-bool MouseTools::EndDrag()
-{
-    if (m_selected.Type == ObjectType::None)
-        return false;
-    ClearSelectedObject();
-    m_host.Repaint();
-    return true;
-}
-
-void MouseTools::ClosePolygon()
-{
-    if (m_drawShapeType != ShapeKind::Polygon || m_numClicks <= FewestCorners)
-        return;
-    const Point first = m_clicks[0], last = m_clicks[m_numClicks - 1];
-    if (std::abs(first.X - last.X) <= ClosingDistance
-        && std::abs(first.Y - last.Y) <= ClosingDistance)
-        m_clicksNeeded = --m_numClicks;
-}
-
-void MouseTools::FinishDrawing()
-{
-    switch (m_target) {
-    case DrawTarget::Aperture:
-        m_document.Aperture.Save(m_drawShapeType, Clicks());
-        ShapeChanged();
-        break;
-    case DrawTarget::Obstruction:
-        m_document.Obstruction.Save(m_drawShapeType, Clicks());
-        ShapeChanged();
-        break;
-    case DrawTarget::FringeCenters:
-        SaveFringe(m_box.CurrentOrder());
-        break;
-    case DrawTarget::Grid:
-        SetGridBounds(m_clicks[0], m_clicks[1]);
-        break;
-    }
-    StopDrawingObject();
-}
-
-// Bounds without a whole row of cells would be those of a grid that nobody sees: the old ones stay.
-void MouseTools::SetGridBounds(Point Corner, Point Opposite)
-{
-    clsGrid tried = m_document.Grid;
-    tried.SetBounds(RoundToLong(Corner.X), RoundToLong(Corner.Y), RoundToLong(Opposite.X),
-        RoundToLong(Opposite.Y));
-    if (!tried.IsDefined(GridIsCalibrated + GridHasBounds))
-        return;
-    m_document.Grid = tried;
-    NoteChange();
 }
 
 void MouseTools::KeysChanged(int Shift)
@@ -480,135 +238,6 @@ void MouseTools::SpaceKey(int Shift)
         m_host.SelectOrder(m_box.CurrentOrder() - 1);
 }
 
-void MouseTools::StartShape(ShapeRole Role, ShapeKind Kind)
-{
-    const bool isAperture = Role == ShapeRole::Aperture;
-    StartDrawing(isAperture ? DrawTarget::Aperture : DrawTarget::Obstruction, Kind, ClicksOf(Kind));
-    (isAperture ? m_document.Aperture : m_document.Obstruction).Delete();
-    ShapeChanged();
-    m_host.Repaint();
-}
-
-// The bounds of before stay until the second corner is there.
-void MouseTools::StartGrid()
-{
-    StartDrawing(DrawTarget::Grid, ShapeKind::Polygon, ClicksOfGrid);
-    m_host.ShowPointer(PointerShape::AddShape); // until it is over something
-    m_host.Repaint();
-}
-
-void MouseTools::StartDrawing(DrawTarget Target, ShapeKind Kind, std::size_t ClicksNeeded)
-{
-    m_editMode = true;
-    Forget();
-    m_numClicks = 0;
-    m_target = Target;
-    m_drawShapeType = Kind;
-    m_clicksNeeded = ClicksNeeded;
-    m_box.SetControls(Controls());
-    ChangeMouseIcon(0);
-}
-
-void MouseTools::ClearShape(ShapeRole Role)
-{
-    Forget();
-    EndDrawing();
-    (Role == ShapeRole::Aperture ? m_document.Aperture : m_document.Obstruction).Delete();
-    ShapeChanged();
-    m_host.Repaint();
-}
-
-void MouseTools::StopDrawingObject()
-{
-    if (m_target == DrawTarget::FringeCenters)
-        return;
-    EndDrawing();
-    m_host.Repaint();
-}
-
-void MouseTools::EndDrawing()
-{
-    m_target = DrawTarget::FringeCenters;
-    m_drawShapeType = ShapeKind::None;
-    m_clicksNeeded = 1;
-    m_numClicks = 0;
-    m_box.SetControls(Controls());
-    ChangeMouseIcon(0);
-}
-
-ToolControls MouseTools::Controls() const
-{
-    const bool aperture = m_target == DrawTarget::Aperture;
-    const bool obstruction = m_target == DrawTarget::Obstruction;
-    if (!aperture && !obstruction)
-        return {};
-    return {.Enable = false, .ApertureClear = aperture, .ObstructionClear = obstruction};
-}
-
-void MouseTools::SaveFringe(int Order)
-{
-    // The clicks of a figure are its own, whatever happens to the orders meanwhile.
-    if (m_numClicks == 0 || m_target != DrawTarget::FringeCenters)
-        return;
-    const int before = m_document.Fringes.TotalNumTicks();
-    int index = m_document.Fringes.GetFringeIndex(Order);
-    if (index == NoFringe)
-        m_document.Fringes.InsertOrder(Order, Clicks());
-    else
-        m_document.Fringes.AddCenters(Order, Clicks(), index);
-    m_numClicks = 0;
-    FringesChanged();
-    if (m_document.Fringes.TotalNumTicks() == before) // refused: their marks must not stay
-        m_host.Repaint();
-}
-
-bool MouseTools::InsertFringe(int Order)
-{
-    const clsFringes& fringes = m_document.Fringes;
-    for (int index = 1; index <= fringes.NumFringes(); ++index) {
-        const int order = fringes.GetFringeOrder(index);
-        if (order != NoFringe && order >= Order && order >= MaxFringes)
-            return false;
-    }
-    m_document.Fringes.Renumber(Order, false);
-    FringesChanged();
-    return true;
-}
-
-void MouseTools::DeleteFringe(int Order)
-{
-    Forget();
-    m_document.Fringes.DeleteOrder(Order);
-    FringesChanged();
-}
-
-void MouseTools::RenumberFringe(int NewOrder, int OldOrder)
-{
-    if (NewOrder == OldOrder)
-        return;
-    Forget();
-    clsFringes& fringes = m_document.Fringes;
-    int into = fringes.GetFringeIndex(NewOrder), from = fringes.GetFringeIndex(OldOrder);
-    if (into == NoFringe) {
-        fringes.SetOrder(NewOrder, from);
-    } else if (fringes.CombineOrders(NewOrder, OldOrder, into, from)) {
-        fringes.Defrag(NoFringe);
-        fringes.Renumber(OldOrder, true);
-    }
-    FringesChanged();
-    m_host.Repaint();
-}
-
-void MouseTools::DeleteHoverCenter()
-{
-    if (m_hover.Type != ObjectType::FringeCenter)
-        return;
-    m_document.Fringes.DeleteCenter(m_hover.Order, m_hover.Tick, m_hover.Index);
-    Forget();
-    FringesChanged();
-    m_host.Repaint();
-}
-
 void MouseTools::Forget()
 {
     ClearSelectedObject();
@@ -616,19 +245,6 @@ void MouseTools::Forget()
         return;
     m_hover = {};
     ChangeMouseIcon(m_lastShift);
-}
-
-void MouseTools::Reset()
-{
-    Forget();
-    m_numClicks = 0;
-    StopDrawingObject();
-}
-
-void MouseTools::FringesChanged()
-{
-    m_document.AnalysisValid = false;
-    NoteChange();
 }
 
 void MouseTools::ShapeChanged()

@@ -7,9 +7,9 @@
 namespace morvane {
 
 // Flags of a message: buttons, sign and modality are added up.
-inline constexpr int MessageOk = 0, MessageOkCancel = 1, MessageAbortRetryIgnore = 2, MessageYesNoCancel = 3,
-                     MessageYesNo = 4, MessageStopSign = 16, MessageQuestionSign = 32,
-                     MessageWarningSign = 48, MessageTaskModal = 8192;
+inline constexpr int MessageOk = 0, MessageOkCancel = 1, MessageAbortRetryIgnore = 2,
+                     MessageYesNoCancel = 3, MessageYesNo = 4, MessageStopSign = 16,
+                     MessageQuestionSign = 32, MessageWarningSign = 48, MessageTaskModal = 8192;
 
 enum class MessageAnswer { Ok = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7 };
 
