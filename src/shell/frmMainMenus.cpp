@@ -28,6 +28,24 @@ QMenu& AddMenu(QMenuBar& to, const char* name, const char* caption)
     return menu;
 }
 
+QString HelpTopicOf(const Session& in)
+{
+    if (!in.Active())
+        return {};
+    switch (in.Active()->ActiveView) {
+    case ViewType::Aberrations:
+        return "aberrations";
+    case ViewType::Zernikes:
+        return "zernikes";
+    case ViewType::GridResults:
+        return "grid";
+    case ViewType::LineProfile:
+        return "profile";
+    default:
+        return {};
+    }
+}
+
 } // namespace
 
 QAction& frmMain::Add(QMenu& To, const char* Name, const char* Caption, Action Act)
@@ -252,13 +270,18 @@ void frmMain::MakeHelpMenu()
     Add(menu, "mnuHelpAbout", "&About Morvane...", [this] { ShowAbout(); });
 }
 
+// At what it says of the view in front, or at the beginning.
 void frmMain::ShowHelp()
 {
     const auto page = HelpPage(QApplication::applicationDirPath().toStdString());
-    if (!page)
+    if (!page) {
         m_session->ShowMessage("Could not find the help page beside the program",
             MessageOk | MessageWarningSign, "Help");
-    else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(*page))))
+        return;
+    }
+    QUrl place = QUrl::fromLocalFile(QString::fromStdString(*page));
+    place.setFragment(HelpTopicOf(*m_session));
+    if (!QDesktopServices::openUrl(place))
         m_session->ShowMessage(
             "Could not open the help page " + *page, MessageOk | MessageWarningSign, "Help");
 }
