@@ -29,15 +29,15 @@ PANES = (
 def main():
     signal.signal(signal.SIGPIPE, signal.SIG_DFL)
     options = parse_options()
-    options.out.mkdir(parents=True, exist_ok=True)
     try:
+        options.out.mkdir(parents=True, exist_ok=True)
         with tempfile.TemporaryDirectory() as folder:
-            if options.panes or options.landscape:
-                set_up_page(Path(folder), options)
+            set_up_page(Path(folder), options)
             with morvane.launch(options.program):
                 doc = morvane.MorvaneDoc()
+                set_up_analysis(doc)
                 done = [print_safely(doc, picture, options.out) for picture in options.pictures]
-    except (morvane.MorvaneError, morvane.ServerError) as error:
+    except (morvane.MorvaneError, morvane.ServerError, OSError) as error:
         sys.exit(f"report.py: {error}")
     except KeyboardInterrupt:
         sys.exit(130)
@@ -56,8 +56,22 @@ def print_safely(doc, picture, folder):
         return False
 
 
+def set_up_analysis(doc):
+    """The options that a new installation has, so that a page never depends on an earlier run."""
+    doc.InputWavelength = doc.OutputWavelength = 632.8
+    doc.ScaleFactor = 0.5
+    doc.InvertWavefront = False
+    doc.TrimEdges = True
+    doc.OrderLimit = 0
+    for term in ("TILT", "DEFOCUS", "ASTIGMATISM", "COMA", "S.A."):
+        doc.Remove[term] = term in ("TILT", "DEFOCUS")
+
+
 def set_up_page(folder, options):
-    """Gives the program that is to be launched a copy of the user's settings with this page."""
+    """Gives the program that is to be launched a copy of the user's settings with this page.
+
+    A copy, so that the options of this run do not become the user's.
+    """
     home = os.environ.get("XDG_CONFIG_HOME") or Path.home() / ".config"
     kept = Path(home) / "morvane" / "settings.ini"
     lines = ["[CurrentVersion]"]  # a value that stands twice counts where it stands last
@@ -94,7 +108,12 @@ def parse_options():
                         help=f"1 to 6 of {','.join(PANES)} (default: the program's page setup)")
     parser.add_argument("--landscape", action="store_true", help="the wide way of the sheet")
     parser.add_argument("--program", metavar="FILE", help="the morvane to run")
-    return parser.parse_args()
+    options = parser.parse_args()
+    names = [Path(picture).stem for picture in options.pictures]
+    for name in names:
+        if names.count(name) > 1:
+            parser.error(f"two pictures would have the page {name}.pdf")
+    return options
 
 
 if __name__ == "__main__":

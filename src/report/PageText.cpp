@@ -110,7 +110,8 @@ std::vector<std::string> WrapText(const Device& On, std::string Text, int Width)
 {
     std::vector<std::string> lines;
     do {
-        if (!lines.empty() && IsDigit(Text.front()))
+        // A digit stands in the column of the digits above it, where there is room for both.
+        if (!lines.empty() && IsDigit(Text.front()) && FittingLength(On, " " + Text, Width) > 1)
             Text.insert(0, 1, ' ');
         std::size_t length = std::max<std::size_t>(FittingLength(On, Text, Width), 1);
         while (!StartsCharacter(Text, length))

@@ -17,9 +17,13 @@ std::vector<std::string> OpticLines(const UserData& of)
     const std::pair<const char*, const std::string*> fields[] = {{"Description", &of.Description},
         {"Date Tested", &of.Date}, {"Operator", &of.Operator}, {"Comments", &of.Comments}};
     std::vector<std::string> lines;
-    for (const auto& [name, value] : fields)
-        if (!value->empty())
-            lines.push_back(std::string(name) + "\t" + *value);
+    for (const auto& [name, value] : fields) {
+        std::string line;
+        for (const std::string_view part : LinesOf(*value))
+            line.append(line.empty() ? "" : " ").append(part);
+        if (!line.empty())
+            lines.push_back(std::string(name) + "\t" + line);
+    }
     return lines;
 }
 

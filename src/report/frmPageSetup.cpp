@@ -1,6 +1,7 @@
 #include "report/frmPageSetup.h"
 
 #include <QPushButton>
+#include <algorithm>
 
 #include "report/PagePreview.h"
 #include "shell/qt/DialogPlace.h"
@@ -61,7 +62,7 @@ void frmPageSetup::Fill()
     const bool landscape = m_edited.PageOrientation == LandscapeOrientation;
     (landscape ? m_ui->optOrient2 : m_ui->optOrient1)->setChecked(true);
     m_ui->chkDrawGrid->setChecked(m_edited.DrawPageGrid);
-    m_ui->cboPanes->setCurrentIndex(m_edited.NumPanes - 1);
+    m_ui->cboPanes->setCurrentIndex(std::clamp(m_edited.NumPanes, 1, MaxPanes) - 1);
     const auto panes = PanesOf(*m_ui);
     for (std::size_t i = 0; i < panes.size(); ++i) {
         QComboBox& views = *panes[i].View;

@@ -49,6 +49,7 @@ TEST_F(PageText, FiguresWrapWithoutLosingAnyPart)
         {" 0.25  -1.50   2.75", 7, {" 0.25  ", "-1.50  ", " 2.75"}},
         {" 0.25  -1.50   2.75", 9, {" 0.25  ", "-1.50   ", " 2.75"}},
         {"1234567", 3, {"123", " 45", " 67"}}, // nothing to cut at
+        {"123", 1, {"1", "2", "3"}},
         {"\xc3\xa4\xc3\xb6\xc3\xbc", 0, {"\xc3\xa4", "\xc3\xb6", "\xc3\xbc"}},
     };
     for (const auto& c : cases)

@@ -33,7 +33,8 @@ protected:
 
 TEST_F(TextPanes, AberrationRowsAreChosenByTheirNumber)
 {
-    document.Optic = {.Description = {}, .Date = "Mar 7, 2026", .Operator = "Ada", .Comments = "c"};
+    document.Optic = {
+        .Description = {}, .Date = "Mar 7, 2026", .Operator = "Ada", .Comments = "c\r\nd"};
     chosen = {.ShowPV = false,
         .ShowStrehl = false,
         .ShowAstigmatism = false,
@@ -46,7 +47,7 @@ TEST_F(TextPanes, AberrationRowsAreChosenByTheirNumber)
     const TextPane pane = AberrationsPane(document, chosen);
     EXPECT_THAT(pane.Rows,
         ElementsAre("Output Units: Waves", "", "RMS\t 0.000", "", "Date Tested\tMar 7, 2026",
-            "Comments\tc"))
+            "Comments\tc d"))
         << "the date stands in the row of the description";
     EXPECT_THAT(pane.TabStops, ElementsAre(15, 24, 36));
 }

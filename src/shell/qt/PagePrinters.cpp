@@ -1,6 +1,7 @@
 #include "shell/qt/PagePrinters.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QLocale>
 #include <QPdfWriter>
 #include <QPrintDialog>
@@ -30,8 +31,8 @@ QMarginsF PdfMargins()
 // The paper that the user's country writes on.
 QPageSize UsualPaper()
 {
-    const bool metric = QLocale().measurementSystem() == QLocale::MetricSystem;
-    return QPageSize(metric ? QPageSize::A4 : QPageSize::Letter);
+    const bool american = QLocale().measurementSystem() == QLocale::ImperialUSSystem;
+    return QPageSize(american ? QPageSize::Letter : QPageSize::A4);
 }
 
 // The file is written beside the target and takes its name at the end.
@@ -56,7 +57,9 @@ public:
     }
     bool StartDoc() override
     {
-        if (!m_file.open(QIODevice::WriteOnly))
+        // A device or a pipe would be replaced by the file.
+        const QFileInfo target(m_file.fileName());
+        if ((target.exists() && !target.isFile()) || !m_file.open(QIODevice::WriteOnly))
             return false;
         m_page.emplace(m_writer);
         return m_writer.paintingActive();
