@@ -293,7 +293,7 @@ void QtDevice::DrawPicture(
     const Stretch down{Target.Top, Target.Bottom, Source.Top, Source.Height()};
     const std::vector<int> columns = across.SourcesWithin(Picture.Width, area.Left, area.Right);
     const std::vector<int> rows = down.SourcesWithin(Picture.Height, area.Top, area.Bottom);
-    const bool isOneToOne = Source.Width() == Target.Width();
+    const bool isOneToOne = across.Length == across.End - across.Start;
     for (std::size_t y = 0; y < rows.size(); ++y) {
         QRgb* const to = Row(area.Top + static_cast<std::int64_t>(y)) + area.Left;
         if (y > 0 && rows[y] == rows[y - 1]) {
