@@ -193,9 +193,16 @@ void clsDocument::OutputViews_NotePlaces()
     if (!OutputViewsExist())
         return;
     for (const ViewType kind : LoadOrder)
-        if (const DocumentWindow* const view = View(kind))
-            if (const WindowPlace place = view->GetPlace(); place.Width > 0 && place.Height > 0)
-                m_host.GetPreferences().Places.At(kind) = place;
+        NotePlace(kind);
+}
+
+void clsDocument::NotePlace(ViewType Kind)
+{
+    const DocumentWindow* const view = View(Kind);
+    if (!view)
+        return;
+    if (const WindowPlace place = view->GetPlace(); place.Width > 0 && place.Height > 0)
+        m_host.GetPreferences().Places.At(Kind) = place;
 }
 
 void clsDocument::OutputViews_TakePlaces()
@@ -226,8 +233,9 @@ void clsDocument::OutputViews_Load(Placement How)
     if (!OutputViewsExist())
         return;
     Preferences& preferences = m_host.GetPreferences();
-    if (How == Placement::Cascaded)
-        for (const ViewType kind : LoadOrder) {
+    // What nobody has placed yet, the windows arrange themselves.
+    for (const ViewType kind : LoadOrder)
+        if (How == Placement::Cascaded && preferences.IsArranged(kind)) {
             preferences.Places.At(kind).Left += preferences.CascadeX;
             preferences.Places.At(kind).Top += preferences.CascadeY;
         }
@@ -249,6 +257,10 @@ void clsDocument::OutputViews_LoadData()
     m_aberrationsView->SetText(AberrationsText(*this), ScreenText, AberrationsTabStops);
     LoadDataIntoGridResults();
     LoadDataIntoLineProfile();
+    // The next document's views stand at or cascade from where these have arranged themselves.
+    for (const ViewType kind : LoadOrder)
+        if (!m_host.GetPreferences().IsArranged(kind))
+            NotePlace(kind);
 }
 
 void clsDocument::LoadDataIntoGridResults()

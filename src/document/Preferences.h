@@ -113,6 +113,9 @@ struct Preferences {
 
     PerView<bool> Visible{.SurfacePlot = true, .ContourPlot = true, .Aberrations = true};
     PerView<WindowPlace> Places;
+    // Where the views stand as long as nobody has arranged them.
+    PerView<WindowPlace> DefaultPlaces;
+    bool IsArranged(ViewType View) const { return Places.At(View) != DefaultPlaces.At(View); }
     // From one window of a cascade to the next: a frame, and a frame with its caption; pixels.
     int CascadeX = 0, CascadeY = 0;
 

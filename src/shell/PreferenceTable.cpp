@@ -264,7 +264,7 @@ Preferences ReadPreferences(
     SettingsStore& From, const ScreenMeasures& Screen, const std::string& Today)
 {
     Preferences read;
-    read.Places = DefaultPlaces(Screen);
+    read.Places = read.DefaultPlaces = DefaultPlaces(Screen);
     read.CascadeX = Screen.FrameStep;
     read.CascadeY = Screen.CaptionStep;
     for (const Rows& rows :

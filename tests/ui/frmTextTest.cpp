@@ -177,6 +177,36 @@ TEST_F(frmTextView, IsFoundWhereTheUserPutItInTheNextDocument)
     EXPECT_NE(first, QRect(20, 30, 260, 240));
 }
 
+TEST_F(frmTextView, GoesToThePlaceItWasGivenWhileMaximised)
+{
+    Window.showMaximized();
+    Settle();
+    Window.SetPlace({20, 30, 260, 240});
+    EXPECT_TRUE(Window.isMaximized());
+    Window.showNormal();
+    Settle();
+    EXPECT_EQ(Window.geometry(), QRect(20, 30, 260, 240));
+    Window.setGeometry(50, 60, 300, 250);
+    Window.showMinimized();
+    Window.showNormal();
+    EXPECT_EQ(Window.geometry(), QRect(50, 60, 300, 250)) << "given once, taken once";
+}
+
+TEST(frmTextViews, OfTheirOwnForEachPictureCascadeFromWhereTheFirstArrangedThemselves)
+{
+    Desk desk;
+    const Preferences& preferences = desk.Session.Prefs;
+    desk.Session.Prefs.HogWindows = false;
+    const auto placeOfNext = [&] {
+        return desk.OpenAnalyzed().View(ViewType::Aberrations)->GetPlace();
+    };
+    const WindowPlace first = placeOfNext();
+    EXPECT_NE(first, preferences.DefaultPlaces.Aberrations);
+    EXPECT_EQ(placeOfNext(),
+        (WindowPlace{first.Left + preferences.CascadeX, first.Top + preferences.CascadeY,
+            first.Width, first.Height}));
+}
+
 TEST_F(frmTextView, ComesWithoutTakingTheFocus)
 {
     const QMdiArea& area = *Frame.findChild<QMdiArea*>();

@@ -6,8 +6,6 @@
 #include <QScopedValueRollback>
 #include <QScreen>
 
-#include "shell/qt/Screens.h"
-
 namespace morvane {
 
 QString MarkableTitle(QString Name)
@@ -97,13 +95,24 @@ void ChildWindow::TakePlace(const WindowPlace& Place)
 void ChildWindow::TakeGeometry(const QRect& Normal)
 {
     m_normal = Normal;
-    if (!isMaximized() && !isMinimized())
+    m_takesNormal = isMaximized() || isMinimized();
+    if (!m_takesNormal)
         setGeometry(m_normal);
+}
+
+// Restored, the base class goes back to the place that it remembers itself.
+void ChildWindow::changeEvent(QEvent* Event)
+{
+    const QRect given = m_normal;
+    QMdiSubWindow::changeEvent(Event);
+    if (Event->type() == QEvent::WindowStateChange && m_takesNormal && !isMaximized()
+        && !isMinimized() && !static_cast<QWindowStateChangeEvent*>(Event)->isOverride())
+        TakeGeometry(given);
 }
 
 bool ChildWindow::IsArranged(const WindowPlace& Place) const
 {
-    return Place != DefaultPlaces(Screens()).At(m_kind);
+    return Place != m_session.GetPreferences().DefaultPlaces.At(m_kind);
 }
 
 void ChildWindow::moveEvent(QMoveEvent* Event)

@@ -39,6 +39,7 @@ protected:
     void mousePressEvent(QMouseEvent* Event) override;
     void moveEvent(QMoveEvent* Event) override;
     void resizeEvent(QResizeEvent* Event) override;
+    void changeEvent(QEvent* Event) override;
     bool eventFilter(QObject* Watched, QEvent* Event) override;
 
     clsDocument& m_document;
@@ -51,6 +52,7 @@ private:
 
     QString m_caption;
     QRect m_normal;
+    bool m_takesNormal = false; // when it is restored: given while it was maximised or minimised
     bool m_leavesFocus = false; // while it is being shown
 };
 
