@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <new>
 
 #include "document/LittleEndian.h"
 
@@ -90,20 +89,8 @@ std::array<Color, 256> BuildDisplayPalette(
     return palette;
 }
 
-std::vector<std::uint8_t> DibFromBuffer(const ImageBuffer& Source, bool Red, bool Stretch)
-try {
-    std::vector<std::uint8_t> dib(dibSize(Source));
-    if (dib.empty())
-        return dib;
-    writeDib(Source, dib.data());
-    writePalette(BuildDisplayPalette(Red, Stretch, dib), dib.data() + DibInfoSize);
-    return dib;
-} catch (const std::bad_alloc&) {
-    return {};
-}
-
 std::string BmpFromBuffer(const ImageBuffer& Source)
-try {
+{
     const std::size_t size = dibSize(Source);
     if (size == 0)
         return {};
@@ -115,8 +102,6 @@ try {
     writeDib(Source, bytes + FileHeaderSize);
     StoreU32(bytes + FileHeaderSize + 20, static_cast<std::uint32_t>(size - DibHeaderSize));
     return file;
-} catch (const std::bad_alloc&) {
-    return {};
 }
 
 } // namespace morvane

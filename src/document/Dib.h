@@ -1,12 +1,11 @@
-// The intensities on their way out: display colours, the block that views and printers take, and
-// the BMP file. The stretch is one of colours only, the intensities stay as they are.
+// The intensities on their way out: display colours and the BMP file. The stretch is one of colours
+// only, the intensities stay as they are.
 #pragma once
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
-#include <vector>
 
 #include "document/ImageBuffer.h"
 #include "platform/Device.h"
@@ -27,12 +26,8 @@ constexpr std::size_t AlignToDword(std::size_t Bytes)
     return (Bytes + 3) / 4 * 4;
 }
 
-// The intensities as a DIB: header, colours, rows bottom-up from DibHeaderSize. Stretch counts the
-// bytes of header and colours among the values, so it changes next to nothing here. Empty if Source
-// has no picture or memory does not suffice.
-std::vector<std::uint8_t> DibFromBuffer(const ImageBuffer& Source, bool Red, bool Stretch);
-
-// The whole of a BMP file of the intensities with a grey ramp; empty without a picture.
+// The whole of a BMP file of the intensities with a grey ramp; empty without a picture. Throws
+// std::bad_alloc.
 std::string BmpFromBuffer(const ImageBuffer& Source);
 
 } // namespace morvane

@@ -22,11 +22,16 @@ bool isPlausible(const FrameSizes& sizes)
         <= DibHeaderSize + slack + stride * static_cast<std::size_t>(sizes.Height);
 }
 
-bool agreesWith(const FrameSizes& sizes, std::span<const std::uint8_t> frame)
+// Rows from the bottom up and not compressed, behind the plain header.
+bool hasKnownForm(std::span<const std::uint8_t> frame)
 {
     return frame.size() >= DibInfoSize && LoadU32(frame.data()) == DibInfoSize
-        && LoadI32(frame.data() + 4) == sizes.Width && LoadI32(frame.data() + 8) == sizes.Height
-        && LoadU32(frame.data() + 16) == 0; // not compressed
+        && LoadI32(frame.data() + 8) > 0 && LoadU32(frame.data() + 16) == 0;
+}
+
+bool agreesWith(const FrameSizes& sizes, std::span<const std::uint8_t> frame)
+{
+    return LoadI32(frame.data() + 4) == sizes.Width && LoadI32(frame.data() + 8) == sizes.Height;
 }
 
 } // namespace
@@ -48,6 +53,8 @@ try {
     std::vector<std::uint8_t> frame(static_cast<std::size_t>(sizes.Bytes));
     if (!From.Grab(frame))
         return false;
+    if (!hasKnownForm(frame))
+        return fail("Cannot convert DIB, unsupported format", "Error - Morvane");
     if (!agreesWith(sizes, frame))
         return fail("The frame is not of the size that the frame grabber tells", "Error");
     ImageBuffer grabbed;

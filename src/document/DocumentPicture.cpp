@@ -88,10 +88,11 @@ bool clsDocument::StretchImage(double Aspect)
 
 FileResult clsDocument::SaveDataBufferToBMP(const std::string& Path)
 {
-    if (BlankImage || m_size.Width < 1 || m_size.Height < 1)
-        return {"Cannot save a blank image"};
     try {
-        FileResult written = WriteWholeFile(Path, BmpFromBuffer(m_image));
+        const std::string file = BlankImage ? "" : BmpFromBuffer(m_image);
+        if (file.empty())
+            return {"Cannot save a blank image"};
+        FileResult written = WriteWholeFile(Path, file);
         if (written) {
             ImageDirty = false;
             PicturePath = Path;

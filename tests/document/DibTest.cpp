@@ -61,26 +61,6 @@ TEST(BuildDisplayPalette, FindsTheExtremesWhereverTheyStand)
     }
 }
 
-TEST(DibFromBuffer, HeaderColorsAndRowsBottomUp)
-{
-    const ImageBuffer source{{1, 2, 3, 4, 5, 6}, {3, 2}};
-    const Bytes dib = DibFromBuffer(source, true, false);
-    const Bytes header{40, 0, 0, 0, 3, 0, 0, 0, 2, 0, 0, 0, 1, 0, 8, 0};
-    ASSERT_EQ(dib.size(), 1064U + 8U);
-    EXPECT_EQ(Bytes(dib.begin(), dib.begin() + 16), header);
-    EXPECT_EQ(Bytes(dib.begin() + 16, dib.begin() + 40), Bytes(24));
-    EXPECT_EQ(Bytes(dib.begin() + 40 + 4 * 200, dib.begin() + 44 + 4 * 200), (Bytes{0, 0, 200, 0}));
-    EXPECT_EQ(Bytes(dib.begin() + 1064, dib.end()), (Bytes{4, 5, 6, 0, 1, 2, 3, 0}));
-}
-
-// The grey ramp itself is scanned: the range is 1 to 255 whatever the picture holds.
-TEST(DibFromBuffer, StretchSeesTheColorTable)
-{
-    const Bytes dib = DibFromBuffer({{50, 200}, {2, 1}}, false, true);
-    EXPECT_EQ(dib[40 + 4 * 50], 255 * 49 / 254);
-    EXPECT_EQ(dib[40 + 4 * 200], 255 * 199 / 254);
-}
-
 TEST(BmpFromBuffer, ReadsBackTheSameIntensities)
 {
     for (const RasterSize size : {RasterSize{1, 1}, {1, 7}, {5, 3}, {4, 4}, {255, 2}}) {
@@ -110,7 +90,6 @@ TEST(BmpFromBuffer, StatesItsSizes)
 TEST(BmpFromBuffer, BlankDocumentHasNoFile)
 {
     EXPECT_TRUE(BmpFromBuffer({}).empty());
-    EXPECT_TRUE(DibFromBuffer({}, false, false).empty());
 }
 
 } // namespace
