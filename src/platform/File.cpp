@@ -14,20 +14,6 @@
 
 namespace morvane {
 
-namespace {
-
-namespace fs = std::filesystem;
-
-FileResult Failure(int error)
-{
-    return {std::generic_category().message(error)};
-}
-
-FileResult LastFailure()
-{
-    return Failure(errno);
-}
-
 class FileDescriptor {
 public:
     FileDescriptor() = default;
@@ -53,6 +39,20 @@ public:
 private:
     int m_handle = -1;
 };
+
+namespace {
+
+namespace fs = std::filesystem;
+
+FileResult Failure(int error)
+{
+    return {std::generic_category().message(error)};
+}
+
+FileResult LastFailure()
+{
+    return Failure(errno);
+}
 
 FileResult OnlyRegular(const struct stat& status)
 {
@@ -100,49 +100,30 @@ fs::path FollowLinks(fs::path path)
     return path;
 }
 
-// A name beside the target; a process before this one may have left a file of it.
+// A name that a process before this one may have left a file of.
 std::string TemporaryName(const fs::path& folder)
 {
     static std::atomic<unsigned> counter = 0;
     return folder / (".morvane-" + std::to_string(getpid()) + "-" + std::to_string(++counter));
 }
 
+// A path to the open file itself, through which it can be given a name.
+std::string PathOfHandle(const FileDescriptor& file)
+{
+    return "/proc/self/fd/" + std::to_string(file.Get());
+}
+
 // Permissions come before the bytes, so that nobody reads what the old file kept from them. Some
 // file systems have none: there the call fails, and nothing is lost by that.
-FileResult FillFile(FileDescriptor& file, const struct stat* replaced, std::string_view bytes)
+FileResult FillFile(const FileDescriptor& file, const struct stat* replaced, std::string_view bytes)
 {
     constexpr mode_t permissionBits = 07777;
     if (replaced != nullptr && fchmod(file.Get(), replaced->st_mode & permissionBits) != 0
         && errno != EPERM && errno != ENOTSUP)
         return LastFailure();
-    if (!WriteFully(file.Get(), bytes) || fsync(file.Get()) != 0 || !file.Close())
+    if (!WriteFully(file.Get(), bytes) || fsync(file.Get()) != 0)
         return LastFailure();
     return {};
-}
-
-FileResult ReplaceFile(const fs::path& target, const struct stat* replaced, std::string_view bytes)
-{
-    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-    std::string temporary;
-    FileDescriptor file;
-    do {
-        temporary = TemporaryName(folder);
-        file.Open(temporary, O_WRONLY | O_CREAT | O_EXCL, 0666);
-    } while (!file.IsOpen() && errno == EEXIST);
-    if (!file.IsOpen())
-        return LastFailure();
-    FileResult result = FillFile(file, replaced, bytes);
-    if (result && rename(temporary.c_str(), target.c_str()) != 0)
-        result = LastFailure();
-    if (!result) {
-        unlink(temporary.c_str());
-        return result;
-    }
-    // The new file is in place; a folder that cannot be synced changes nothing about that.
-    const FileDescriptor entries(folder, O_RDONLY | O_DIRECTORY);
-    if (entries.IsOpen())
-        fsync(entries.Get());
-    return result;
 }
 
 } // namespace
@@ -211,18 +192,92 @@ FileResult ReadWholeFile(
     return count < 0 ? Failure(error) : FileResult{};
 }
 
-FileResult WriteWholeFile(const std::string& Path, std::string_view Bytes)
+StagedFile::StagedFile(const std::string& Path, std::string_view Bytes)
+    : m_file(std::make_unique<FileDescriptor>())
 {
     const fs::path target = FollowLinks(Path);
+    m_target = target;
+    m_folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    m_prepared = Prepare(Bytes);
+}
+
+StagedFile::~StagedFile()
+{
+    if (!m_temporary.empty())
+        unlink(m_temporary.c_str());
+}
+
+FileResult StagedFile::Prepare(std::string_view bytes)
+{
     struct stat existing { };
-    if (stat(target.c_str(), &existing) != 0)
-        return errno == ENOENT ? ReplaceFile(target, nullptr, Bytes) : LastFailure();
-    if (FileResult result = OnlyRegular(existing); !result)
-        return result;
-    // Renaming would get round the write protection of the file itself.
-    if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
+    const bool replaces = stat(m_target.c_str(), &existing) == 0;
+    if (!replaces && errno != ENOENT)
         return LastFailure();
-    return ReplaceFile(target, &existing, Bytes);
+    if (replaces) {
+        if (FileResult result = OnlyRegular(existing); !result)
+            return result;
+        // Renaming would get round the write protection of the file itself.
+        if (faccessat(AT_FDCWD, m_target.c_str(), W_OK, AT_EACCESS) != 0)
+            return LastFailure();
+    }
+    if (FileResult result = Create(); !result)
+        return result;
+    return FillFile(*m_file, replaces ? &existing : nullptr, bytes);
+}
+
+// Without a name where the file system and the kernel can give one later, otherwise with one.
+FileResult StagedFile::Create()
+{
+    constexpr mode_t everyone = 0666; // less what the process masks
+    m_file->Open(m_folder, O_WRONLY | O_TMPFILE, everyone);
+    if (m_file->IsOpen() && access(PathOfHandle(*m_file).c_str(), F_OK) == 0)
+        return {};
+    std::string name;
+    do {
+        name = TemporaryName(m_folder);
+        m_file->Open(name, O_WRONLY | O_CREAT | O_EXCL, everyone);
+    } while (!m_file->IsOpen() && errno == EEXIST);
+    if (!m_file->IsOpen())
+        return LastFailure();
+    m_temporary = name;
+    return {};
+}
+
+FileResult StagedFile::GiveName()
+{
+    const std::string handle = PathOfHandle(*m_file);
+    std::string name;
+    int result = 0;
+    do {
+        name = TemporaryName(m_folder);
+        result = linkat(AT_FDCWD, handle.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW);
+    } while (result != 0 && errno == EEXIST);
+    if (result != 0)
+        return LastFailure();
+    m_temporary = name;
+    return {};
+}
+
+FileResult StagedFile::Commit()
+{
+    if (!m_prepared)
+        return m_prepared;
+    if (m_temporary.empty())
+        if (FileResult result = GiveName(); !result)
+            return result;
+    if (!m_file->Close() || rename(m_temporary.c_str(), m_target.c_str()) != 0)
+        return LastFailure();
+    m_temporary.clear();
+    // The new file is in place; a folder that cannot be synced changes nothing about that.
+    const FileDescriptor entries(m_folder, O_RDONLY | O_DIRECTORY);
+    if (entries.IsOpen())
+        fsync(entries.Get());
+    return {};
+}
+
+FileResult WriteWholeFile(const std::string& Path, std::string_view Bytes)
+{
+    return StagedFile(Path, Bytes).Commit();
 }
 
 } // namespace morvane

@@ -2,6 +2,7 @@
 #pragma once
 #include <cstdint>
 #include <fstream>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -42,9 +43,40 @@ private:
 FileResult ReadWholeFile(
     const std::string& Path, std::uint64_t MaxBytes, std::vector<std::uint8_t>& Bytes);
 
-// Writes Bytes beside Path, syncs, and renames over Path: afterwards Path is the old file or the
-// new one, whole. A symbolic link stays, the file that it leads to is replaced; permissions stay,
-// and a file that must not be written to is not replaced.
+class FileDescriptor;
+
+// A file on its way: written and synced in the folder of Path by the constructor, but without the
+// name until Commit, so that several files can be ready before the first takes its place. A file
+// that is not committed is given up. Where the file system can hold a file without a name, a
+// program that is killed meanwhile leaves nothing behind.
+//
+// A symbolic link stays, the file that it leads to is replaced; permissions stay, and a file that
+// must not be written to is not replaced.
+class StagedFile {
+public:
+    StagedFile(const std::string& Path, std::string_view Bytes);
+    ~StagedFile();
+    StagedFile(const StagedFile&) = delete;
+    StagedFile& operator=(const StagedFile&) = delete;
+
+    // Whether the file can be committed.
+    const FileResult& Prepared() const { return m_prepared; }
+
+    // Renames over Path, once: afterwards Path is the old file or the new one, whole.
+    FileResult Commit();
+
+private:
+    FileResult Prepare(std::string_view bytes);
+    FileResult Create();
+    FileResult GiveName();
+
+    std::string m_target, m_folder; // the links followed
+    std::unique_ptr<FileDescriptor> m_file;
+    std::string m_temporary; // the name in the folder; empty while there is none
+    FileResult m_prepared;
+};
+
+// Stages and commits in one.
 FileResult WriteWholeFile(const std::string& Path, std::string_view Bytes);
 
 } // namespace morvane

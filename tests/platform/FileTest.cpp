@@ -97,6 +97,22 @@ TEST(FileWrite, ReplacesTheWholeFileAndKeepsItsPermissions)
     EXPECT_EQ(std::distance(fs::directory_iterator(folder / ""), {}), 1) << "something was left";
 }
 
+TEST(FileWrite, AStagedFileTakesItsNameOnlyWhenCommitted)
+{
+    const TemporaryFolder folder;
+    ASSERT_TRUE(WriteWholeFile(folder / "first", "old"));
+    {
+        StagedFile first(folder / "first", "new");
+        const StagedFile second(folder / "second", "given up");
+        ASSERT_TRUE(first.Prepared() && second.Prepared());
+        EXPECT_EQ(Content(folder / "first"), "old");
+        EXPECT_TRUE(first.Commit());
+    }
+    EXPECT_EQ(Content(folder / "first"), "new");
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder / ""), {}), 1) << "something was left";
+    EXPECT_FALSE(StagedFile(folder / "missing/file", "text").Prepared());
+}
+
 TEST(FileWrite, ASymbolicLinkStays)
 {
     const TemporaryFolder folder;
