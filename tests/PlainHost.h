@@ -14,6 +14,7 @@ public:
     void SetCaption(const std::string&) override { }
     WindowPlace GetPlace() const override { return m_place; }
     void SetPlace(const WindowPlace& Place) override { m_place = Place; }
+    bool IsPlaced() const override { return true; }
     void Show(Activation) override { }
     void Hide() override { }
     void Raise() override { }

@@ -33,6 +33,7 @@ public:
     }
     WindowPlace GetPlace() const override { return m_place; }
     void SetPlace(const WindowPlace& Place) override { m_place = Place; }
+    bool IsPlaced() const override { return true; }
     void Hide() override { Write("hide"); }
     void Raise() override { Write("raise"); }
     void Repaint() override { Write("repaint"); }

@@ -180,8 +180,8 @@ void clsDocument::OutputViews_Offset(int DeltaX, int DeltaY, bool Shows)
 {
     ForEachVisible(LoadOrder, [=](DocumentWindow& view, ViewType) {
         WindowPlace place = view.GetPlace();
-        place.Left += DeltaX;
-        place.Top += DeltaY;
+        place.Left = std::max(0, place.Left + DeltaX);
+        place.Top = std::max(0, place.Top + DeltaY);
         view.SetPlace(place);
         if (Shows)
             view.Show(Activation::LeaveFocus);
@@ -192,17 +192,13 @@ void clsDocument::OutputViews_NotePlaces()
 {
     if (!OutputViewsExist())
         return;
-    for (const ViewType kind : LoadOrder)
-        NotePlace(kind);
-}
-
-void clsDocument::NotePlace(ViewType Kind)
-{
-    const DocumentWindow* const view = View(Kind);
-    if (!view)
-        return;
-    if (const WindowPlace place = view->GetPlace(); place.Width > 0 && place.Height > 0)
-        m_host.GetPreferences().Places.At(Kind) = place;
+    for (const ViewType kind : LoadOrder) {
+        const DocumentWindow* const view = View(kind);
+        if (!view || !view->IsPlaced())
+            continue;
+        if (const WindowPlace place = view->GetPlace(); place.Width > 0 && place.Height > 0)
+            m_host.GetPreferences().Places.At(kind) = place;
+    }
 }
 
 void clsDocument::OutputViews_TakePlaces()
@@ -233,7 +229,7 @@ void clsDocument::OutputViews_Load(Placement How)
     if (!OutputViewsExist())
         return;
     Preferences& preferences = m_host.GetPreferences();
-    // What nobody has placed yet, the windows arrange themselves.
+    // Views that nobody has arranged find their room themselves.
     for (const ViewType kind : LoadOrder)
         if (How == Placement::Cascaded && preferences.IsArranged(kind)) {
             preferences.Places.At(kind).Left += preferences.CascadeX;
@@ -257,10 +253,6 @@ void clsDocument::OutputViews_LoadData()
     m_aberrationsView->SetText(AberrationsText(*this), ScreenText, AberrationsTabStops);
     LoadDataIntoGridResults();
     LoadDataIntoLineProfile();
-    // The next document's views stand at or cascade from where these have arranged themselves.
-    for (const ViewType kind : LoadOrder)
-        if (!m_host.GetPreferences().IsArranged(kind))
-            NotePlace(kind);
 }
 
 void clsDocument::LoadDataIntoGridResults()

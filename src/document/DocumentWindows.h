@@ -23,6 +23,8 @@ public:
     virtual void SetCaption(const std::string& Caption) = 0;
     virtual WindowPlace GetPlace() const = 0;
     virtual void SetPlace(const WindowPlace& Place) = 0;
+    // Whether it stands where somebody put it, not where it found room itself.
+    virtual bool IsPlaced() const = 0;
     // Neither moves nor resizes the window.
     virtual void Show(Activation How) = 0;
     virtual void Hide() = 0;

@@ -228,7 +228,6 @@ private:
     enum class Placement { Shared, Cascaded };
     // Brings the views to the places of the preferences, and their contents up to date.
     void OutputViews_Load(Placement How);
-    void NotePlace(ViewType Kind);
     static void PlaceView(DocumentWindow& View, const WindowPlace& At);
     template <typename Views, typename Act>
     void ForEachVisible(const Views& Kinds, Act Do)

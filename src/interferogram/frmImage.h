@@ -15,6 +15,7 @@ public:
     void Hide() override { hide(); }
     void Raise() override { raise(); }
     WindowPlace GetPlace() const override { return NormalPlace(); }
+    bool IsPlaced() const override { return StandsWherePut(); }
     void SetPlace(const WindowPlace& Place) override;
     void Repaint() override;
     void RefreshPicture() override;

@@ -225,6 +225,8 @@ void Session::HideView(clsDocument& Of, ViewType View)
     Of.Visible.At(View) = false;
     if (DocumentWindow* const window = Of.View(View))
         window->Hide();
+    if (&Of == Active() && Of.ActiveView == View && Of.ImageViewExists())
+        Of.ImageView()->Show(Activation::TakeFocus);
     m_frame.UpdateMainFrame();
 }
 

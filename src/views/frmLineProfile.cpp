@@ -41,14 +41,9 @@ frmLineProfile::frmLineProfile(clsDocument& Of, Session& In)
     });
 }
 
-void frmLineProfile::SetPlace(const WindowPlace& Place)
+QRect frmLineProfile::Room(QSize WorkArea) const
 {
-    if (IsArranged(Place) || !mdiArea()) {
-        TakePlace(Place);
-        return;
-    }
-    const QRect place = PlaceOfProfile(mdiArea()->size());
-    TakePlace({place.left(), place.top(), place.width(), place.height()});
+    return PlaceOfProfile(WorkArea);
 }
 
 void frmLineProfile::Repaint()

@@ -15,12 +15,16 @@ public:
 
     void SetCaption(const std::string& Caption) override { ShowCaption(Caption); }
     void Show(Activation How) override { ShowWindow(How); }
-    void Hide() override { hide(); }
+    void Hide() override { HideWindow(); }
     void Raise() override { raise(); }
     WindowPlace GetPlace() const override { return NormalPlace(); }
-    void SetPlace(const WindowPlace& Place) override;
+    void SetPlace(const WindowPlace& Place) override { TakePlaceOrFindRoom(Place); }
+    bool IsPlaced() const override { return StandsWherePut(); }
     void Repaint() override;
     void SetProfile(const ProfileData& Shown) override;
+
+protected:
+    QRect Room(QSize WorkArea) const override;
 
 private:
     ProfileCanvas* m_canvas; // both owned by Qt

@@ -61,12 +61,9 @@ void frmText::Repaint()
     m_text->viewport()->update();
 }
 
-void frmText::SetPlace(const WindowPlace& Place)
+QRect frmText::Room(QSize WorkArea) const
 {
-    if (!IsArranged(Place))
-        return;
-    TakePlace(Place);
-    m_placed = true;
+    return PlaceOfText(WorkArea, m_kind, SizeOfText() + (sizeHint() - m_text->sizeHint()));
 }
 
 void frmText::SetText(const std::string& Text, const TextFont& Font, std::span<const int> TabStops)
@@ -74,11 +71,8 @@ void frmText::SetText(const std::string& Text, const TextFont& Font, std::span<c
     SetFont(Font);
     SetTabStops(TabStops);
     m_text->setPlainText(QString::fromStdString(Text));
-    if (m_placed || !mdiArea())
-        return;
-    const QSize frame = sizeHint() - m_text->sizeHint();
-    setGeometry(PlaceOfText(mdiArea()->size(), m_kind, SizeOfText() + frame));
-    m_placed = true;
+    if (!std::exchange(m_hasText, true) && !IsPlaced() && mdiArea())
+        FindRoom();
 }
 
 std::string frmText::TextToCopy() const

@@ -13,16 +13,18 @@ public:
 
     void SetCaption(const std::string& Caption) override { ShowCaption(Caption); }
     void Show(Activation How) override { ShowWindow(How); }
-    void Hide() override { hide(); }
+    void Hide() override { HideWindow(); }
     void Raise() override { raise(); }
     WindowPlace GetPlace() const override { return NormalPlace(); }
-    void SetPlace(const WindowPlace& Place) override;
+    void SetPlace(const WindowPlace& Place) override { TakePlaceOrFindRoom(Place); }
+    bool IsPlaced() const override { return StandsWherePut(); }
     void Repaint() override;
     void SetText(
         const std::string& Text, const TextFont& Font, std::span<const int> TabStops) override;
     std::string TextToCopy() const override;
 
 protected:
+    QRect Room(QSize WorkArea) const override;
     bool eventFilter(QObject* Watched, QEvent* Event) override;
 
 private:
@@ -31,7 +33,7 @@ private:
     QSize SizeOfText() const;
 
     QPlainTextEdit* m_text; // owned by Qt
-    bool m_placed = false;
+    bool m_hasText = false;
 };
 
 } // namespace morvane

@@ -20,6 +20,7 @@ class frmTextView : public testing::Test, public Desk {
 protected:
     clsDocument& Document = OpenAnalyzed();
     frmText& Window = Find<frmText>("frmAberrations");
+    const Preferences& Main() const { return Session.Prefs; }
     QPlainTextEdit& Box = *Window.findChild<QPlainTextEdit*>("txtOutput");
 };
 
@@ -160,6 +161,7 @@ TEST_F(frmTextView, CloseBoxHidesItUntilTheMenuShowsItAgain)
     EXPECT_FALSE(Window.isVisible());
     EXPECT_FALSE(Document.Visible.Aberrations);
     EXPECT_FALSE(command.isChecked());
+    EXPECT_EQ(Frame.findChild<QMdiArea*>()->activeSubWindow()->objectName(), "frmImage");
     Trigger("mnuViewAberrations");
     EXPECT_TRUE(Window.isVisible());
     EXPECT_TRUE(Document.Visible.Aberrations);
@@ -177,19 +179,38 @@ TEST_F(frmTextView, IsFoundWhereTheUserPutItInTheNextDocument)
     EXPECT_NE(first, QRect(20, 30, 260, 240));
 }
 
-TEST_F(frmTextView, GoesToThePlaceItWasGivenWhileMaximised)
+// Else a maximised view of one picture would come back over the views of all others.
+TEST_F(frmTextView, OfTheCommonSetStandsInItsPlaceWhateverItsStateWas)
 {
-    Window.showMaximized();
+    for (const Qt::WindowState state :
+        {Qt::WindowNoState, Qt::WindowMaximized, Qt::WindowMinimized}) {
+        Window.setGeometry(20, 30, 260, 240);
+        Window.setWindowState(state);
+        Settle();
+        OpenAnalyzed();
+        EXPECT_FALSE(Window.isVisible());
+        Document.ImageView()->Show(Activation::TakeFocus);
+        Settle();
+        EXPECT_TRUE(Window.isVisible());
+        EXPECT_EQ(Window.windowState() & (Qt::WindowMaximized | Qt::WindowMinimized), 0);
+        EXPECT_EQ(Window.geometry(), QRect(20, 30, 260, 240));
+        EXPECT_EQ(Frame.findChild<QMdiArea*>()->activeSubWindow()->objectName(), "frmImage");
+    }
+}
+
+TEST_F(frmTextView, KeepsNoPlaceThatNobodyChose)
+{
+    EXPECT_FALSE(Main().IsArranged(ViewType::Aberrations));
+    const WindowPlace narrow = Window.GetPlace();
+    Frame.resize(1200, 800);
     Settle();
-    Window.SetPlace({20, 30, 260, 240});
-    EXPECT_TRUE(Window.isMaximized());
-    Window.showNormal();
-    Settle();
-    EXPECT_EQ(Window.geometry(), QRect(20, 30, 260, 240));
-    Window.setGeometry(50, 60, 300, 250);
-    Window.showMinimized();
-    Window.showNormal();
-    EXPECT_EQ(Window.geometry(), QRect(50, 60, 300, 250)) << "given once, taken once";
+    EXPECT_GT(OpenAnalyzed().View(ViewType::Aberrations)->GetPlace().Left, narrow.Left);
+    Window.move(40, 50);
+    EXPECT_FALSE(Main().IsArranged(ViewType::Aberrations)) << "it is hidden";
+    auto& shown = dynamic_cast<frmText&>(*Session.Active()->View(ViewType::Aberrations));
+    shown.move(40, 50);
+    EXPECT_TRUE(Main().IsArranged(ViewType::Aberrations));
+    EXPECT_EQ(Main().Places.Aberrations.Left, 40);
 }
 
 TEST(frmTextViews, OfTheirOwnForEachPictureCascadeFromWhereTheFirstArrangedThemselves)

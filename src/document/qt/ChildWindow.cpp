@@ -43,6 +43,15 @@ void ChildWindow::ShowWindow(Activation How)
         Activate();
 }
 
+// As a normal one: a view that comes back with its set must not cover the others, and a hidden
+// window cannot be restored without being shown and activated.
+void ChildWindow::HideWindow()
+{
+    if (isVisible() && (isMaximized() || isMinimized()))
+        setWindowState(Qt::WindowNoState);
+    hide();
+}
+
 // The area also raises the window that was active before, over views that were shown without the
 // focus; and it does nothing for the active one, however deep it lies. So: the windows as they lay,
 // this one over them, and on top what has appeared with it.
@@ -92,27 +101,33 @@ void ChildWindow::TakePlace(const WindowPlace& Place)
     TakeGeometry({QPoint(Place.Left, Place.Top), size.boundedTo(screen()->virtualSize())});
 }
 
+void ChildWindow::TakePlaceOrFindRoom(const WindowPlace& Place)
+{
+    const bool isArranged = Place != m_session.GetPreferences().DefaultPlaces.At(m_kind);
+    if (isArranged || !mdiArea()) {
+        TakePlace(Place);
+        m_isPlaced = true;
+    } else {
+        FindRoom();
+    }
+}
+
+void ChildWindow::FindRoom()
+{
+    const Preferences& preferences = m_session.GetPreferences();
+    const int steps = preferences.HogWindows ? 0 : m_document.DocNumber - 1;
+    TakeGeometry(Room(mdiArea()->size())
+                     .translated(steps * preferences.CascadeX, steps * preferences.CascadeY));
+    m_isPlaced = false;
+}
+
+// A maximised or minimised window would go back to the place that it remembers itself.
 void ChildWindow::TakeGeometry(const QRect& Normal)
 {
-    m_normal = Normal;
-    m_takesNormal = isMaximized() || isMinimized();
-    if (!m_takesNormal)
-        setGeometry(m_normal);
-}
-
-// Restored, the base class goes back to the place that it remembers itself.
-void ChildWindow::changeEvent(QEvent* Event)
-{
-    const QRect given = m_normal;
-    QMdiSubWindow::changeEvent(Event);
-    if (Event->type() == QEvent::WindowStateChange && m_takesNormal && !isMaximized()
-        && !isMinimized() && !static_cast<QWindowStateChangeEvent*>(Event)->isOverride())
-        TakeGeometry(given);
-}
-
-bool ChildWindow::IsArranged(const WindowPlace& Place) const
-{
-    return Place != m_session.GetPreferences().DefaultPlaces.At(m_kind);
+    if (isMaximized() || isMinimized())
+        setWindowState(Qt::WindowNoState);
+    setGeometry(Normal);
+    m_normal = geometry();
 }
 
 void ChildWindow::moveEvent(QMoveEvent* Event)
@@ -129,9 +144,10 @@ void ChildWindow::resizeEvent(QResizeEvent* Event)
 
 void ChildWindow::NotePlace()
 {
-    if (isMaximized() || isMinimized())
+    if (isMaximized() || isMinimized() || geometry() == m_normal)
         return;
     m_normal = geometry();
+    m_isPlaced = true;
     // The common set of views stands where it was left last.
     Preferences& preferences = m_session.GetPreferences();
     if (m_kind != ViewType::Interferogram && preferences.HogWindows && isVisible())

@@ -25,12 +25,17 @@ public:
 
 protected:
     void ShowWindow(Activation How);
+    void HideWindow();
     void ShowCaption(const std::string& Caption);
     // Of the window as it is when neither maximised nor minimised.
     WindowPlace NormalPlace() const;
     void TakePlace(const WindowPlace& Place);
     // Of an output view: the default place says only that nobody has arranged the views yet.
-    bool IsArranged(const WindowPlace& Place) const;
+    void TakePlaceOrFindRoom(const WindowPlace& Place);
+    void FindRoom();
+    // Where an output view suits best in the frame.
+    virtual QRect Room(QSize WorkArea) const { return {{}, WorkArea}; }
+    bool StandsWherePut() const { return m_isPlaced; }
     void TakeGeometry(const QRect& Normal);
 
     void showEvent(QShowEvent* Event) override;
@@ -39,7 +44,6 @@ protected:
     void mousePressEvent(QMouseEvent* Event) override;
     void moveEvent(QMoveEvent* Event) override;
     void resizeEvent(QResizeEvent* Event) override;
-    void changeEvent(QEvent* Event) override;
     bool eventFilter(QObject* Watched, QEvent* Event) override;
 
     clsDocument& m_document;
@@ -52,7 +56,7 @@ private:
 
     QString m_caption;
     QRect m_normal;
-    bool m_takesNormal = false; // when it is restored: given while it was maximised or minimised
+    bool m_isPlaced = false;
     bool m_leavesFocus = false; // while it is being shown
 };
 

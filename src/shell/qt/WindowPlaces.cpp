@@ -38,8 +38,10 @@ QRect PlaceOfText(QSize WorkArea, ViewType Kind, QSize Needed)
     const bool aberrations = Kind == ViewType::Aberrations;
     const QSize whole = Needed.expandedTo(aberrations ? AberrationsSize : ZernikesSize);
     const QSize size = whole.boundedTo(WorkArea - QSize(2 * Gap, 2 * Gap)).expandedTo({1, 1});
-    const int left = WorkArea.width() - Gap - std::max(TextColumn, size.width());
-    const int top = aberrations ? Gap : Gap + AberrationsSize.height() + Gap;
+    // The grid's results leave the Zernikes' title free.
+    const int step = Kind == ViewType::GridResults ? SlotStep : 0;
+    const int left = WorkArea.width() - Gap - std::max(TextColumn, size.width()) - step;
+    const int top = aberrations ? Gap : Gap + AberrationsSize.height() + Gap + step;
     return {QPoint(std::max(0, left),
                 std::clamp(top, 0, std::max(0, WorkArea.height() - size.height()))),
         size};
