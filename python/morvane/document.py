@@ -60,9 +60,11 @@ class MorvaneDoc:
         return bool(self._call("Load", absolute_path(Path)))
 
     def Save(self, Path=None) -> bool:
-        """Writes the document (.mvd) with its picture (.bmp) beside it, or the picture alone
-        (.bmp). Without a Path it goes to the file that it was loaded from or saved to last; one
-        that was never saved: error. False, with the old file as it was, if it cannot be written."""
+        """Writes the document (.mvd, also for a Path without extension) with its picture (.bmp)
+        beside it, or the picture alone (.bmp). Without a Path it goes to the document file that it
+        was loaded from or saved to last; without such a file: error. The picture's own file is
+        replaced if the picture has changed. False, with the old files as they were, if they cannot
+        be written or if the picture beside the document would replace another one."""
         if Path is None:
             return bool(self._call("Save"))
         return bool(self._call("Save", absolute_path(Path)))

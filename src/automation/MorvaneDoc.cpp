@@ -104,7 +104,12 @@ Raised<bool> MorvaneDoc::Save(const Variant& Path)
         if (!given)
             return AutomationError{
                 ErrorInvalidType, "'Save' must be passed a file path in the form of a string."};
-        return document && m_session.WriteDocument(AbsolutePath(*given), *document);
+        if (!document)
+            return false;
+        const std::string path = AbsolutePath(*given);
+        document->MayReplacePicture = true; // nobody is there to be asked
+        return m_session.WriteDocument(
+            FileExtension(path).empty() ? path + ".mvd" : path, *document);
     }
     if (!document || document->FileName.empty())
         return AutomationError{
@@ -154,8 +159,7 @@ Raised<bool> MorvaneDoc::Grab()
     }
     if (!document->GrabIntoDataBuffer(m_session.Grabber))
         return false;
-    document->ImageView_Refresh();
-    m_session.Frame().UpdateMainFrame();
+    m_session.ShowNewPicture(*document);
     return true;
 }
 

@@ -56,9 +56,9 @@ bool clsDocument::LoadFileIntoDataBuffer(const std::string& Path, bool Quiet)
     TakeImageSize(loaded.Size);
     m_image = std::move(loaded);
     Title = std::filesystem::path(Path).filename().string();
-    PicturePath = Path;
     BlankImage = false;
-    ImageDirty = false;
+    NotePicture(Path);
+    MayReplacePicture = false;
     return true;
 }
 
@@ -86,21 +86,32 @@ bool clsDocument::StretchImage(double Aspect)
     return true;
 }
 
+FileResult clsDocument::StageBMP(const std::string& Path, std::optional<StagedFile>& Into) const
+try {
+    const std::string file = BlankImage ? "" : BmpFromBuffer(m_image);
+    if (file.empty())
+        return {"Cannot save a blank image"};
+    return Into.emplace(Path, file).Prepared();
+} catch (const std::bad_alloc&) {
+    return {"Out of memory"};
+}
+
 FileResult clsDocument::SaveDataBufferToBMP(const std::string& Path)
 {
-    try {
-        const std::string file = BlankImage ? "" : BmpFromBuffer(m_image);
-        if (file.empty())
-            return {"Cannot save a blank image"};
-        FileResult written = WriteWholeFile(Path, file);
-        if (written) {
-            ImageDirty = false;
-            PicturePath = Path;
-        }
-        return written;
-    } catch (const std::bad_alloc&) {
-        return {"Out of memory"};
-    }
+    std::optional<StagedFile> file;
+    FileResult written = StageBMP(Path, file);
+    if (written)
+        written = file->Commit();
+    if (written)
+        NotePicture(Path);
+    return written;
+}
+
+void clsDocument::NotePicture(const std::string& Path)
+{
+    PicturePath = Path;
+    ImageDirty = false;
+    MayReplacePicture = true;
 }
 
 } // namespace morvane

@@ -213,16 +213,22 @@ std::string clsDocument::DataText() const
     return text;
 }
 
+FileResult clsDocument::StageData(const std::string& Path, std::optional<StagedFile>& Into) const
+try {
+    return Into.emplace(Path, DataText()).Prepared();
+} catch (const std::bad_alloc&) {
+    return {"Out of memory"};
+}
+
 FileResult clsDocument::SaveDataToFile(const std::string& Path)
 {
-    try {
-        FileResult written = WriteWholeFile(Path, DataText());
-        if (written)
-            Modified = false;
-        return written;
-    } catch (const std::bad_alloc&) {
-        return {"Out of memory"};
-    }
+    std::optional<StagedFile> file;
+    FileResult written = StageData(Path, file);
+    if (written)
+        written = file->Commit();
+    if (written)
+        Modified = false;
+    return written;
 }
 
 } // namespace morvane

@@ -81,6 +81,8 @@ public:
     std::string Directory; // of the file, without a separator at the end
     bool HasSourceFile = false;
     std::string PicturePath; // the file that holds the picture as it is, unless ImageDirty
+    // That file is no original of somebody's: this program has written it, or a script has said so.
+    bool MayReplacePicture = false;
     bool BlankImage = false; // no picture
     bool ImageDirty = false; // the picture differs from its file
     bool Modified = false;
@@ -122,9 +124,13 @@ public:
     void ClearImage();
     // Takes a size, NoSize for none, without a picture.
     void LoadBlankImage(int Width, int Height);
-    // Writes the picture as an 8-bit BMP with a grey ramp, whatever the display shows, and it is
-    // clean again. Without a picture nothing is written.
+    // The picture as an 8-bit BMP with a grey ramp, whatever the display shows, ready to take the
+    // name Path. Without a picture nothing is written.
+    FileResult StageBMP(const std::string& Path, std::optional<StagedFile>& Into) const;
+    // Writes that file, and the picture is clean again.
     FileResult SaveDataBufferToBMP(const std::string& Path);
+    // The picture is in the file Path now.
+    void NotePicture(const std::string& Path);
     // Back to a document without fringes, shapes, grid and results; slot, image window and picture
     // stay.
     void ClearGeometry();
@@ -132,6 +138,8 @@ public:
     // --- Document file: all but the picture and what can be derived, as text lines of key and
     // value
     std::string DataText() const;
+    // The text ready to take the name Path.
+    FileResult StageData(const std::string& Path, std::optional<StagedFile>& Into) const;
     // Writes the text; afterwards Path is the old file or the new one, whole, and in the latter
     // case the document is not modified any more.
     FileResult SaveDataToFile(const std::string& Path);

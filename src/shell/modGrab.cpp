@@ -31,11 +31,18 @@ void Session::GrabImage()
     if (Prefs.GrabIntoNewWindow || !active) {
         GrabIntoNewDocument();
     } else if (active->GrabIntoDataBuffer(Grabber)) {
-        active->ImageView_Refresh();
-        m_frame.UpdateMainFrame();
-    } else {
-        CloseDocument(*active);
+        ShowNewPicture(*active);
+    } else if (!active->HasUnsavedChanges() || !NeedsDocumentFile(*active)) {
+        CloseDocument(*active); // it has nothing but a picture, or all of it in a file
     }
+}
+
+void Session::ShowNewPicture(clsDocument& Of)
+{
+    Of.ImageView_Refresh();
+    if (Of.ImageViewExists())
+        Of.ImageView()->ResizeWindow();
+    m_frame.UpdateMainFrame();
 }
 
 std::shared_ptr<clsDocument> Session::GrabIntoNewDocument()

@@ -175,6 +175,8 @@ public:
     // A frame into the active document, which is closed if there is none to be had, or into a new
     // one, as the preferences say.
     void GrabImage();
+    // After a frame in place of its picture.
+    void ShowNewPicture(clsDocument& Of);
     // A frame as a new document on the screen; nullptr if that failed.
     std::shared_ptr<clsDocument> GrabIntoNewDocument();
     // The plug-in's dialog; the plug-in is then loaded anew, so that the settings take effect.
@@ -201,7 +203,9 @@ private:
     void ClearDocument(clsDocument& Of);
     void LoadSavedShapes(clsDocument& Into);
     bool WriteTextAndPicture(const std::string& Path, clsDocument& Of);
-    bool WritePicture(const std::string& Path, clsDocument& Of);
+    bool WriteBitmap(const std::string& Path, clsDocument& Of);
+    void OthersLosePicture(const std::string& Path, const clsDocument& To);
+    bool NeedsDocumentFile(const clsDocument& Of) const;
     bool MayTakePicture(const std::string& Path, bool ReplacesDocument, const clsDocument& Of);
     bool WriteWithQuestion(const std::string& Path, const std::function<FileResult()>& Write);
     bool MayReplace(const std::string& Path, const std::string& Title);

@@ -133,6 +133,7 @@ bool Session::ReadDocument(clsDocument& Into, const std::string& Path, bool Quie
     const std::string picture = SidePicture(Path);
     if (!Into.BlankImage && !Into.LoadFileIntoDataBuffer(picture, true))
         Into.BlankImage = true;
+    Into.MayReplacePicture = true; // it goes with the document
     if (Into.BlankImage) {
         Into.Title = FileTitle(picture, false);
         Into.HasSourceFile = false;

@@ -1,5 +1,5 @@
 // Saving: the document's text and its picture beside it, the questions before, and the exports.
-#include <algorithm>
+#include <tuple>
 
 #include "shell/modFileLib.h"
 #include "shell/modMain.h"
@@ -22,16 +22,6 @@ std::string AsBitmapName(const std::string& Name)
     if (extension == "bmp")
         return Name;
     return IsPictureExtension(extension) ? WithExtension(Name, ".bmp") : Name + ".bmp";
-}
-
-// Whether a picture file alone would lose something of it.
-bool NeedsDocumentFile(const clsDocument& Of, const Preferences& Defaults)
-{
-    const UserData given = Defaults.SetAsDefault ? Defaults.DefaultUserData : UserData{};
-    return Of.OutputViewsExist() || Of.Fringes.NumFringes() > 0
-        || Of.Aperture.GetShapeType() != ShapeKind::None
-        || Of.Obstruction.GetShapeType() != ShapeKind::None || Of.BlankImage
-        || Of.HasReferenceZernikes || Of.Grid.IsDefined(GridIsCalibrated) || Of.Optic != given;
 }
 
 } // namespace
@@ -58,34 +48,63 @@ bool Session::WriteDocument(const std::string& Path, clsDocument& Of)
         ShowMessage("Could not save " + Path + "\r\nUnknown file type.", MessageOk, "Save File As");
         return false;
     }
+    return WriteBitmap(Path, Of);
+}
+
+// A document that has a file of its own writes a copy, and all that it has to save stays so.
+bool Session::WriteBitmap(const std::string& Path, clsDocument& Of)
+{
     if (Of.BlankImage) {
         ShowMessage("Cannot save a blank image", MessageWarningSign, "Warning");
         return false;
     }
-    Of.ImageDirty = true;
-    if (!WritePicture(Path, Of))
+    const auto kept = std::tuple(Of.PicturePath, Of.ImageDirty, Of.MayReplacePicture);
+    const bool isCopy = !Of.FileName.empty() && Of.PicturePath != Path;
+    if (!WriteWithQuestion(Path, [&] { return Of.SaveDataBufferToBMP(Path); }))
         return false;
-    if (Of.FileName.empty())
+    OthersLosePicture(Path, Of);
+    if (isCopy) {
+        std::tie(Of.PicturePath, Of.ImageDirty, Of.MayReplacePicture) = kept;
+        return true;
+    }
+    Of.Title = FileTitle(Path, false);
+    Of.HasSourceFile = true;
+    if (Of.FileName.empty()) {
         Of.Directory = FileDirectory(Path);
-    if (!NeedsDocumentFile(Of, Prefs))
-        Of.Modified = false;
+        Of.Modified = Of.Modified && NeedsDocumentFile(Of);
+    }
     Of.UpdateCaptions();
     m_frame.UpdateMainFrame();
     return true;
 }
 
-// The document has its new name only when both of its files are written.
+// Neither file takes its name before both are on the disk: a full one leaves the old pair.
 bool Session::WriteTextAndPicture(const std::string& Path, clsDocument& Of)
 {
     const std::string picture = SidePicture(Path);
-    if (!MayTakePicture(picture, FileExistsAt(Path), Of)
-        || !WriteWithQuestion(Path, [&] { return Of.SaveDataToFile(Path); }))
+    const bool hasPicture =
+        !Of.BlankImage && !Of.ImageDirty && Of.PicturePath == picture && FileExistsAt(picture);
+    const bool writesPicture = !Of.BlankImage && !hasPicture;
+    if (writesPicture && !MayTakePicture(picture, FileExistsAt(Path), Of))
         return false;
-    if (!WritePicture(picture, Of)) {
-        Of.Modified = true;
-        m_frame.UpdateMainFrame();
+    std::optional<StagedFile> text, bitmap;
+    if (!WriteWithQuestion(Path, [&] { return Of.StageData(Path, text); })
+        || (writesPicture
+            && !WriteWithQuestion(picture, [&] { return Of.StageBMP(picture, bitmap); }))
+        || !WriteWithQuestion(Path, [&] { return text->Commit(); }))
         return false;
+    if (writesPicture) {
+        if (!WriteWithQuestion(picture, [&] { return bitmap->Commit(); })) {
+            Of.Modified = true;
+            m_frame.UpdateMainFrame();
+            return false;
+        }
+        Of.NotePicture(picture);
+        Of.Title = FileTitle(picture, false);
+        Of.HasSourceFile = true;
+        OthersLosePicture(picture, Of);
     }
+    Of.Modified = false;
     Of.FileName = FileTitle(Path, false);
     Of.Directory = FileDirectory(Path);
     Recent.Add(Path);
@@ -94,41 +113,45 @@ bool Session::WriteTextAndPicture(const std::string& Path, clsDocument& Of)
     return true;
 }
 
-// A picture that is not this document's must not go without a word: one that stands there alone,
-// or that another open document shows. One beside a document goes with the document.
+// An original, or a picture that stands there alone, must not go without a word; one beside a
+// document goes with the document.
 bool Session::MayTakePicture(const std::string& Path, bool ReplacesDocument, const clsDocument& Of)
 {
-    if (Of.BlankImage || Of.PicturePath == Path || !FileExistsAt(Path))
+    if (!FileExistsAt(Path))
         return true;
-    const bool isShown = std::ranges::any_of(m_documents, [&](const auto& other) {
-        return other && other.get() != &Of && other->PicturePath == Path;
-    });
-    return (ReplacesDocument && !isShown) || MayReplace(Path, "Save File As");
+    const bool isOwn = Of.PicturePath == Path;
+    return (isOwn ? Of.MayReplacePicture : ReplacesDocument) || MayReplace(Path, "Save File As");
 }
 
-bool Session::WritePicture(const std::string& Path, clsDocument& Of)
+// Whoever else shows this file has the only copy of its picture now.
+void Session::OthersLosePicture(const std::string& Path, const clsDocument& To)
 {
-    if (Of.BlankImage || (!Of.ImageDirty && Of.PicturePath == Path && FileExistsAt(Path)))
-        return true;
-    if (!WriteWithQuestion(Path, [&] { return Of.SaveDataBufferToBMP(Path); }))
-        return false;
-    Of.Title = FileTitle(Path, false);
-    Of.HasSourceFile = true;
-    // Whoever else showed this file has the only copy of its picture now.
     for (const auto& other : m_documents)
-        if (other && other.get() != &Of && other->PicturePath == Path)
+        if (other && other.get() != &To && other->PicturePath == Path)
             other->ImageDirty = true;
-    return true;
+}
+
+// Whether a picture file alone would lose something of it.
+bool Session::NeedsDocumentFile(const clsDocument& Of) const
+{
+    const UserData given = Prefs.SetAsDefault ? Prefs.DefaultUserData : UserData{};
+    return Of.OutputViewsExist() || Of.Fringes.NumFringes() > 0
+        || Of.Aperture.GetShapeType() != ShapeKind::None
+        || Of.Obstruction.GetShapeType() != ShapeKind::None || Of.BlankImage
+        || Of.HasReferenceZernikes || Of.Grid.IsDefined(GridIsCalibrated) || Of.Optic != given;
 }
 
 bool Session::SaveDocument(clsDocument& Of)
 {
     if (!Of.FileName.empty())
         return WriteDocument(Of.Directory + "/" + Of.FileName, Of);
-    if (NeedsDocumentFile(Of, Prefs))
+    if (NeedsDocumentFile(Of))
         return SaveAsDialog(Of, SaveMode::Document);
-    if (Of.HasSourceFile && FileExtension(Of.Title) == "bmp")
-        return WriteDocument(Of.Directory + "/" + Of.Title, Of);
+    if (Of.HasSourceFile && FileExtension(Of.Title) == "bmp") {
+        // Writing an untouched picture would only turn its colours into grey.
+        const std::string path = Of.Directory + "/" + Of.Title;
+        return (!Of.HasUnsavedChanges() && FileExistsAt(path)) || WriteDocument(path, Of);
+    }
     return SaveAsDialog(Of, SaveMode::ImageOnly);
 }
 
@@ -139,7 +162,7 @@ bool Session::SaveAsDialog(clsDocument& Of, SaveMode Mode)
         .FilterIndex = DocumentFilter,
         .Directory = Of.Directory.empty() ? Prefs.SaveFileDir : Of.Directory,
         .FileName = Of.FileName};
-    if (Mode == SaveMode::ImageOnly || (Of.FileName.empty() && !NeedsDocumentFile(Of, Prefs))) {
+    if (Mode == SaveMode::ImageOnly || (Of.FileName.empty() && !NeedsDocumentFile(Of))) {
         request.FileName = AsBitmapName(Of.Title);
         request.FilterIndex = BitmapFilter;
     } else if (Of.FileName.empty() && !Of.Title.empty()) {
@@ -171,12 +194,15 @@ bool Session::SaveDocumentSettings(clsDocument& Of)
         return true;
     std::string name = Of.Directory + "/" + Of.FileName;
     if (Of.FileName.empty())
-        name = NeedsDocumentFile(Of, Prefs) ? WithExtension(Of.Title, ".mvd") : Of.Title;
+        name = NeedsDocumentFile(Of) ? WithExtension(Of.Title, ".mvd") : Of.Title;
     switch (ShowMessage(
         "Save changes to " + name + " ?", MessageYesNoCancel + MessageQuestionSign, ProgramName)) {
     case MessageAnswer::Yes:
-        // A document saved as a mere picture has still something to lose.
-        return SaveDocument(Of) && !Of.HasUnsavedChanges();
+        if (SaveDocument(Of) && Of.HasUnsavedChanges())
+            ShowMessage("Only the picture has been saved. Fringes, outlines and results are kept "
+                        "by a Morvane document (*.mvd).",
+                MessageWarningSign, "Warning");
+        return !Of.HasUnsavedChanges();
     case MessageAnswer::No:
         return true;
     default:

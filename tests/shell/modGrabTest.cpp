@@ -73,6 +73,19 @@ TEST_F(SessionGrab, WithoutAWindowTheDocumentIsClosedAgain)
     EXPECT_EQ(main.NumOpenDocuments(), 0);
 }
 
+TEST_F(SessionGrab, ThatFailsLeavesUnsavedWork)
+{
+    DeliverGoodFrame(script);
+    Start("Scripted");
+    main.GrabImage();
+    main.Prefs.GrabIntoNewWindow = false;
+    main.Active()->Fringes.AddOrder(1);
+    script.Success = false;
+    main.GrabImage();
+    ASSERT_NE(main.Active(), nullptr);
+    EXPECT_EQ(main.Active()->Fringes.NumFringes(), 1);
+}
+
 TEST_F(SessionGrab, IntoTheActiveDocumentOrClosesIt)
 {
     DeliverGoodFrame(script);

@@ -159,6 +159,7 @@ TEST_F(Saving, APictureAloneDoesNotCloseADocument)
     EXPECT_FALSE(session.Main.CloseAsking(*document));
     EXPECT_TRUE(fs::exists(At("only.bmp")));
     EXPECT_TRUE(document->Modified);
+    EXPECT_EQ(session.Answerer.Asked.back().Title, "Warning") << "why it is still open";
 
     document->Aperture.Delete();
     EXPECT_TRUE(session.Main.WriteDocument(At("only.bmp"), *document));
@@ -208,6 +209,44 @@ TEST_F(Saving, AFailedWriteIsAskedAboutAndTheFlagsTellTheTruth)
     EXPECT_FALSE(session.Main.WriteDocument(At("half.mvd"), *document));
     EXPECT_TRUE(document->Modified);
     EXPECT_TRUE(document->FileName.empty()) << "the next save asks again";
+    EXPECT_FALSE(fs::exists(At("half.mvd"))) << "neither file is new before both are ready";
+
+    document->Modified = false;
+    EXPECT_FALSE(session.Main.WriteDocument(At("half.bmp"), *document));
+    EXPECT_FALSE(document->HasUnsavedChanges()) << "it is as clean as it was";
+}
+
+TEST_F(Saving, ACopyOfThePictureSavesNothingOfTheDocument)
+{
+    ASSERT_TRUE(session.Main.WriteDocument(At("mirror.mvd"), *document));
+    ASSERT_TRUE(document->StretchImage(2));
+    document->Modified = true;
+    ASSERT_TRUE(session.Main.WriteDocument(At("copy.bmp"), *document));
+    EXPECT_TRUE(document->Modified && document->ImageDirty);
+    EXPECT_EQ(document->PicturePath, At("mirror.bmp"));
+    session.Answerer.Answers = {MessageAnswer::Yes}; // the original
+    ASSERT_TRUE(session.Main.SaveDocument(*document));
+    EXPECT_EQ(fs::file_size(At("mirror.bmp")), fs::file_size(At("copy.bmp")));
+}
+
+TEST_F(Saving, AnOriginalStaysUnlessTheUserGivesItUp)
+{
+    WriteWholeFile(At("mirror.bmp"), "in colours");
+    EXPECT_TRUE(session.Main.SaveDocument(*document));
+    EXPECT_EQ(fs::file_size(At("mirror.bmp")), 10u) << "nothing has changed";
+
+    ASSERT_TRUE(document->StretchImage(2));
+    session.Answerer.Answers = {MessageAnswer::No, MessageAnswer::Yes};
+    EXPECT_FALSE(session.Main.WriteDocument(At("mirror.mvd"), *document));
+    EXPECT_EQ(session.Answerer.TakeOnly(),
+        At("mirror.bmp") + " already exists.\r\nDo you want to replace it?");
+    EXPECT_EQ(fs::file_size(At("mirror.bmp")), 10u);
+    EXPECT_FALSE(fs::exists(At("mirror.mvd")));
+    EXPECT_TRUE(session.Main.WriteDocument(At("mirror.mvd"), *document));
+    ASSERT_TRUE(document->StretchImage(2));
+    session.Answerer.Asked.clear();
+    EXPECT_TRUE(session.Main.SaveDocument(*document));
+    EXPECT_TRUE(session.Answerer.Asked.empty()) << "it is the document's own now";
 }
 
 TEST_F(Saving, APlainBitmapGoesToItsOwnFileAndAJpegToADialog)
