@@ -98,9 +98,8 @@ AxisStep StepOver(double span, const DecimalForm& rounded)
         return round;
     if (digit > 1)
         return {10 * (digit + 1), rounded.Exponent, digit + 1};
-    DecimalForm twoDigits = ToDecimal(span);
-    twoDigits.RoundTo(2);
-    const int tenths = twoDigits.Digits.size() < 2 || twoDigits.Digits[1] < '2' ? 12 : 15;
+    const DecimalForm exact = ToDecimal(span);
+    const int tenths = exact.Digits.size() < 2 || exact.Digits[1] < '2' ? 12 : 15;
     return {tenths, rounded.Exponent, tenths};
 }
 

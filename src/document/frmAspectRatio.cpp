@@ -14,7 +14,7 @@ frmAspectRatio::frmAspectRatio(Session& In, QWidget* Owner)
     m_ui->txtAspectRatio->setValidator(
         new QRegularExpressionValidator(QRegularExpression("[0-9.]*"), this));
     m_ui->txtAspectRatio->setText(
-        QString::fromStdString(FormatGeneral(In.Prefs.ManualAspectRatio)));
+        QString::fromStdString(ToDecimal(In.Prefs.ManualAspectRatio).PlainText()));
     m_ui->txtAspectRatio->selectAll();
 }
 

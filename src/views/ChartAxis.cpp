@@ -117,22 +117,30 @@ void ChartAxis::AutoScaleMinor()
 
 void ChartAxis::CreateTickLabels()
 {
-    constexpr int most = 10000; // more than any device has room for
+    constexpr int most = 10000; // more than any device has room for: the ends only
     if (!(Max > Min) || !IsUsable(*this))
         return;
     const double steps = StepsAlong(*this, Major);
-    if (!(steps > 0) || !(steps < most))
+    if (!(steps > 0))
         return;
-    Labels.clear();
-    const int count = RoundToLong(steps) + 1;
     const double factor = std::pow(10, -ScaleExponent());
-    const double step = factor * Major, start = Min * factor;
-    for (int i = 0; i < count; ++i) {
-        double value = Log ? start * std::pow(Major, i) : i * step + start;
-        if (!Log && std::abs(value) < std::abs(step) / 100)
-            value = 0;
-        Labels.push_back(FormatSignificant(value, LabelDigits, NumberStyle::Automatic));
+    std::vector<double> values{Min * factor, Max * factor};
+    if (steps < most) {
+        const double step = factor * Major, start = Min * factor;
+        values.resize(static_cast<std::size_t>(RoundToLong(steps)) + 1);
+        for (int i = 0; double& value : values) {
+            value = Log ? start * std::pow(Major, i) : i * step + start;
+            if (!Log && std::abs(value) < std::abs(step) / 100)
+                value = 0;
+            ++i;
+        }
     }
+    Labels.clear();
+    for (const double value : values)
+        Labels.push_back(FormatSignificant(value, LabelDigits, NumberStyle::Automatic));
+    // Digits that look like noise may be all that tells one tick from the next.
+    if (LabelDigits < 1 && std::ranges::adjacent_find(Labels) != Labels.end())
+        std::ranges::transform(values, Labels.begin(), FormatGeneral);
 }
 
 std::optional<AxisMapping> AxisMapping::Of(const ChartAxis& Axis, AxisPixels Pixels)

@@ -248,10 +248,12 @@ int LabelStep(const TickRow& ticks, const std::vector<DeviceSize>& sizes, bool i
                 return false;
         return true;
     };
-    int step = 1;
-    while (step < ticks.Count && !fits(step))
-        ++step;
-    return step;
+    // Both ends of the scale are to be read.
+    const int last = ticks.Count - 1;
+    for (int step = 1; step <= last; ++step)
+        if (last % step == 0 && fits(step))
+            return step;
+    return ticks.Count;
 }
 
 // The labels that have a tick, and of those every so manieth that has room.

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 #include <new>
+#include <numeric>
 
 #include "analysis/ModMathLib.h"
 #include "analysis/modSurface.h"
@@ -21,14 +22,22 @@ bool IsFarOff(double device)
     return !(std::abs(device) <= FarOff);
 }
 
+// Whether what is left of the data is rounding: on the frame it would look like no trace at all.
+bool IsLevel(double min, double max, double minSpan)
+{
+    constexpr double negligible = 1e-6;
+    return max - min <= (minSpan == NoPoint ? 0 : negligible * minSpan);
+}
+
 // A level trace gets the least span about it, so that it shows.
 void WidenAround(double& min, double& max, const ChartAxis& axis, double minSpan)
 {
     if (axis.Log || !axis.AutoMin || !axis.AutoMax)
         return;
     const double span = minSpan == NoPoint ? 1 : minSpan;
-    min -= span / 2;
-    max += span / 2;
+    const double middle = std::midpoint(min, max);
+    min = middle - span / 2;
+    max = middle + span / 2;
 }
 
 } // namespace
@@ -152,7 +161,7 @@ bool clsLineProfile::AutoScale(int Axis)
         if (axis.AutoMax)
             max = hasData ? most : 1;
         const double minSpan = IsVertical(Axis) && hasData ? MinYSpan : NoPoint;
-        if (hasData && min == max)
+        if (hasData && IsLevel(min, max, minSpan))
             WidenAround(min, max, axis, minSpan);
         hint = AutoScaleRange(min, max, axis.Log, axis.AutoMin, axis.AutoMax, minSpan);
     }

@@ -286,6 +286,7 @@ TEST(ModMathLibAutoScale, RoundRanges)
         {"exact digit", 1, 4, "min max", NoPoint, 1, 4, 3},
         {"exact but for binary noise", 0.1, 0.4, "min max", NoPoint, 0.1, 0.4, 3},
         {"above one, to 1.2", 0, 1.1, "max", NoPoint, 0, 1.2, 0},
+        {"just below the second step", 0, 1.19, "max", NoPoint, 0, 1.2, 0},
         {"above one, to 1.5", 0, 130, "max", NoPoint, 0, 150, 0},
         {"below one", 0, 9.7, "max", NoPoint, 0, 10, 0},
         {"above a digit", 0, 0.0031, "max", NoPoint, 0, 0.004, 0},

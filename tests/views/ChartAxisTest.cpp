@@ -90,6 +90,13 @@ TEST(ChartAxisLabels, AreTheValuesOfTheTicks)
     EXPECT_THAT(decades.Labels, ElementsAre("0.1", "1", "10", "100"));
 }
 
+TEST(ChartAxisLabels, TellNeighboursApart)
+{
+    EXPECT_THAT(AxisOver(1000, 1000.05, 0.01).Labels,
+        ElementsAre("1000", "1000.01", "1000.02", "1000.03", "1000.04", "1000.05"));
+    EXPECT_THAT(AxisOver(0, 2, 1e-12).Labels, ElementsAre("0", "2")) << "far too many for all";
+}
+
 TEST(ChartAxisLabels, StayOnADegenerateAxis)
 {
     ChartAxis axis = AxisOver(0, 2, 1);
@@ -99,7 +106,7 @@ TEST(ChartAxisLabels, StayOnADegenerateAxis)
         EXPECT_EQ(axis.NumMajor(), 3);
     }
     axis.Max = 2;
-    for (const double major : {0.0, -1.0, 1e-12}) {
+    for (const double major : {0.0, -1.0}) {
         axis.Major = major;
         axis.CreateTickLabels();
         EXPECT_EQ(axis.NumMajor(), 3);

@@ -161,7 +161,9 @@ TEST(clsChart2DLayout, SmallestWindowStillTellsTheRange)
             texts, [&](const DeviceCall& call) { return call.Text == text; });
     };
     EXPECT_TRUE(shows("-0.04"));
+    EXPECT_TRUE(shows("0.36"));
     EXPECT_TRUE(shows("-1"));
+    EXPECT_TRUE(shows("1"));
     EXPECT_TRUE(shows("Profile along 4..."));
 }
 
@@ -253,7 +255,8 @@ clsChart2D EndTicks(int axis, TickMarkStyle style)
 TEST(clsChart2DTicks, RunInwardsOrOutwardsFromTheirEdge)
 {
     for (int axis = BottomAxis; axis <= RightAxis; ++axis)
-        for (const TickMarkStyle style : {TickMarkStyle::Inside, TickMarkStyle::Outside, TickMarkStyle::Both}) {
+        for (const TickMarkStyle style :
+            {TickMarkStyle::Inside, TickMarkStyle::Outside, TickMarkStyle::Both}) {
             clsChart2D chart = EndTicks(axis, style);
             const auto lines = Lines(Redraw(chart, {0, 0, 400, 300}));
             const DeviceRect plot = chart.PlotArea();

@@ -71,6 +71,7 @@ TEST_F(clsLineProfileTest, AutoScaleOfUnusualTraces)
         {"below the least span", {0.01, 0.02, 0.03}, 0, 0.5},
         {"no data", {NoData, NoData}, 0, 1},
         {"level", {0.5, 0.5}, 0.25, 0.75},
+        {"level but for rounding", {0, 1e-12}, -0.25, 0.25},
     };
     plot.MinYSpan = 0.5;
     for (const auto& c : cases) {
