@@ -234,7 +234,7 @@ void QtDevice::DrawCrosses(std::span<const DevicePoint> Centers, int Arm)
         if (isPlain && center.X >= left && center.X < right && center.Y >= top && center.Y < bottom)
             DrawWholeCross(center, Arm);
         else
-            Device::DrawCrosses({&center, 1}, Arm);
+            PainterDevice::DrawCrosses({&center, 1}, Arm);
     }
     if (isPlain && !Centers.empty())
         TouchBox(Centers, Arm + 1);
