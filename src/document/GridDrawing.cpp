@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <optional>
 
 #include "document/clsGrid.h"
@@ -26,9 +27,12 @@ struct GridLines {
         const double first = Step < 1 ? std::nearbyint(First) : First;
         const double from = std::max(0.0, std::floor((low - first) / step));
         const double to = (std::min(Last, static_cast<double>(high)) - first) / step + shortfall;
+        // Counted from the first line shown, for far enough out a double cannot count on.
+        const double mostShown = static_cast<double>(high) - low + 1;
+        const std::int64_t last = RoundToLong(std::floor(std::min(to - from, mostShown)));
         std::optional<int> before;
-        for (double i = from; i <= to; ++i) {
-            const int at = RoundToLong(first + i * step);
+        for (std::int64_t i = 0; i <= last; ++i) {
+            const int at = RoundToLong(first + (from + static_cast<double>(i)) * step);
             if (at != before)
                 draw(at);
             before = at;

@@ -103,8 +103,8 @@ TEST(GridDrawing, OnlyWithCalibrationAndBounds)
 // A line a pixel of the client, and one around it, is all that can show.
 TEST(GridDrawing, CostsNoMoreThanTheClient)
 {
-    for (const double left : {40.0, -1e9, 1e12})
-        for (const double size : {200.0, 1e9, 1e300})
+    for (const double left : {40.0, -1e9, 1e12, -1e17, -1e308})
+        for (const double size : {200.0, 1e9, 2e17, 1e300})
             for (const double cell : {1e-300, 1e-9, 1.0, 1e9}) {
                 ClientDevice device;
                 GridOf({left, size, cell}, {left, size, cell})

@@ -1,10 +1,11 @@
 // Any bytes as the blocks of a document, each on its own: the first byte chooses among tokenizer,
-// fringes, shapes and grid. What a block has read it writes, and reads again the same. Built with
-// clang++ -fsanitize=fuzzer,address,undefined.
+// fringes, shapes and grid. What a block has read it writes, reads again the same, and draws. Built
+// with clang++ -fsanitize=fuzzer,address,undefined.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
 
+#include "../RecordingDevice.h"
 #include "MemoryFile.h"
 #include "document/clsGrid.h"
 #include "document/clsParser.h"
@@ -61,6 +62,11 @@ void travel(Block& first, Block& second, const MemoryFile& file, const std::stri
     require(read(second, file.Write(body.data(), body.size())) == text);
 }
 
+class ClientDevice final : public RecordingDevice {
+public:
+    DeviceRect Bounds() const override { return {0, 0, 40, 30}; }
+};
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size)
@@ -69,6 +75,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size
         return 0;
     static const MemoryFile file;
     const std::string path = file.Write(Data + 1, Size - 1);
+    ClientDevice device;
+    const ImageMapping zoomed{16, 3, 5};
     switch (Data[0] % 4) {
     case 0:
         readTokens(path);
@@ -80,14 +88,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size
         second.DeleteAll();
         travel(first, second, file, path);
         first.Find({1, 1});
+        first.DrawAll(device, zoomed, {});
         break;
     }
     case 2: {
         clsShape first(ShapeRole::Aperture), second(ShapeRole::Aperture);
         travel(first, second, file, path);
+        first.Draw(device, zoomed, RasterOp::Xor);
         first.Find({1, 1});
         first.Rotate(1);
         first.Resize({5, 5}, 1);
+        first.Draw(device, zoomed, RasterOp::Xor);
         break;
     }
     default: {
@@ -95,6 +106,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size
         travel(first, second, file, path);
         first.Find({1, 1});
         first.GetStatistics();
+        first.Draw(device, zoomed, RasterOp::Xor);
+        require(device.Calls.size() <= 100);
     }
     }
     return 0;
