@@ -314,7 +314,7 @@ const clsDocument::FileReader::Key* clsDocument::FileReader::Find(std::string_vi
 bool clsDocument::LoadDataFromFile(const std::string& Path)
 {
     LineReader lines(Path);
-    if (!lines.IsOpen())
+    if (!lines.Opened())
         return false;
     try {
         clsParser parser(lines);

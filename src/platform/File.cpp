@@ -61,8 +61,15 @@ FileResult OnlyRegular(const struct stat& status)
     return S_ISDIR(status.st_mode) ? Failure(EISDIR) : FileResult{"Not a regular file"};
 }
 
+constexpr int ReadAtOnce = O_RDONLY | O_NONBLOCK; // a pipe must not wait for a writer
+
+FileResult OnlyRegular(const FileDescriptor& file, struct stat& status)
+{
+    return file.IsOpen() && fstat(file.Get(), &status) == 0 ? OnlyRegular(status) : LastFailure();
+}
+
 // Reads until the buffer is full or the file ends; negative on a read error.
-ssize_t ReadFully(int handle, std::span<std::uint8_t> buffer)
+ssize_t ReadFully(int handle, std::span<std::byte> buffer)
 {
     std::size_t filled = 0;
     while (filled < buffer.size()) {
@@ -129,11 +136,16 @@ FileResult FillFile(const FileDescriptor& file, const struct stat* replaced, std
 } // namespace
 
 LineReader::LineReader(const std::string& Path)
+    : m_file(std::make_unique<FileDescriptor>(Path, ReadAtOnce))
 {
-    std::error_code error; // a pipe or a terminal would wait for somebody to write
-    if (fs::is_regular_file(Path, error))
-        m_stream.open(Path, std::ios::binary);
+    struct stat status { };
+    m_opened = OnlyRegular(*m_file, status);
+    constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
+    if (FillBlock() && std::string_view(m_block.data(), m_end).starts_with(byteOrderMark))
+        m_next = byteOrderMark.size();
 }
+
+LineReader::~LineReader() = default;
 
 bool LineReader::ReadLine(std::string& Line)
 {
@@ -158,14 +170,15 @@ bool LineReader::FillBlock()
 {
     constexpr std::size_t blockSize = 1 << 16;
     m_next = m_end = 0;
-    if (!m_stream.is_open())
+    if (!m_opened)
         return false;
     try {
         m_block.resize(blockSize);
-        m_end = static_cast<std::size_t>(m_stream.rdbuf()->sgetn(m_block.data(), blockSize));
-    } catch (const std::exception&) { // the buffer throws on a read error
+    } catch (const std::bad_alloc&) {
         return false;
     }
+    const ssize_t count = ReadFully(m_file->Get(), std::as_writable_bytes(std::span(m_block)));
+    m_end = static_cast<std::size_t>(std::max<ssize_t>(count, 0));
     return m_end > 0;
 }
 
@@ -173,11 +186,9 @@ FileResult ReadWholeFile(
     const std::string& Path, std::uint64_t MaxBytes, std::vector<std::uint8_t>& Bytes)
 {
     Bytes.clear();
-    const FileDescriptor file(Path, O_RDONLY | O_NONBLOCK); // a pipe must not wait for a writer
+    const FileDescriptor file(Path, ReadAtOnce);
     struct stat status { };
-    if (!file.IsOpen() || fstat(file.Get(), &status) != 0)
-        return LastFailure();
-    if (FileResult result = OnlyRegular(status); !result)
+    if (FileResult result = OnlyRegular(file, status); !result)
         return result;
     if (static_cast<std::uint64_t>(status.st_size) > MaxBytes)
         return Failure(EFBIG);
@@ -186,7 +197,7 @@ FileResult ReadWholeFile(
     } catch (const std::exception&) { // no memory, or more than a vector can hold
         return Failure(ENOMEM);
     }
-    const ssize_t count = ReadFully(file.Get(), Bytes);
+    const ssize_t count = ReadFully(file.Get(), std::as_writable_bytes(std::span(Bytes)));
     const int error = errno;
     Bytes.resize(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
     return count < 0 ? Failure(error) : FileResult{};

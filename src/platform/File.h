@@ -1,7 +1,6 @@
 // Files, read whole or line by line, and written so that a failure leaves the old file.
 #pragma once
 #include <cstdint>
-#include <fstream>
 #include <memory>
 #include <optional>
 #include <span>
@@ -17,15 +16,22 @@ struct FileResult {
     explicit operator bool() const { return Error.empty(); }
 };
 
-// Lines of a regular text file, ended by LF or CR LF; the ends are not part of the line. Memory
-// holds one line and one block of the file; a line longer than MaxLineLength is cut there, so that
-// no file can fill memory.
+class FileDescriptor;
+
+// Lines of a regular text file, ended by LF or CR LF; the ends are not part of the line, nor is a
+// byte order mark at the start. Memory holds one line and one block of the file; a line longer than
+// MaxLineLength is cut there, so that no file can fill memory.
 class LineReader {
 public:
     static constexpr std::size_t MaxLineLength = 1 << 20;
 
     explicit LineReader(const std::string& Path);
-    bool IsOpen() const { return m_stream.is_open(); }
+    ~LineReader();
+    LineReader(const LineReader&) = delete;
+    LineReader& operator=(const LineReader&) = delete;
+
+    // Without an error if there are lines to read.
+    const FileResult& Opened() const { return m_opened; }
 
     // False at the end of the file or on a read error.
     bool ReadLine(std::string& Line);
@@ -33,7 +39,8 @@ public:
 private:
     bool FillBlock();
 
-    std::ifstream m_stream;
+    std::unique_ptr<FileDescriptor> m_file;
+    FileResult m_opened;
     std::vector<char> m_block; // of the file, read ahead
     std::size_t m_next = 0, m_end = 0; // what is left of it
 };
@@ -42,8 +49,6 @@ private:
 // permission, too large).
 FileResult ReadWholeFile(
     const std::string& Path, std::uint64_t MaxBytes, std::vector<std::uint8_t>& Bytes);
-
-class FileDescriptor;
 
 // A file on its way: written and synced in the folder of Path by the constructor, but without the
 // name until Commit, so that several files can be ready before the first takes its place. A file

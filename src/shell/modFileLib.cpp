@@ -124,7 +124,7 @@ std::optional<ZernikeSet> LoadReferenceFile(const std::string& Path)
     if (!FileExistsAt(Path))
         return std::nullopt;
     LineReader lines(Path);
-    if (!lines.IsOpen())
+    if (!lines.Opened())
         return std::nullopt;
     return FileExtension(Path) == "zrn" ? ReadCoefficientFile(lines)
                                         : ReadDocumentCoefficients(lines);

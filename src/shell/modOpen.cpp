@@ -100,7 +100,7 @@ bool Session::ReplacePicture(clsDocument& Of, const std::string& Path, bool Quie
 
 bool Session::ReplaceDocument(clsDocument& Of, const std::string& Path, bool Quiet)
 {
-    if (!LineReader(Path).IsOpen())
+    if (!LineReader(Path).Opened())
         return false;
     ClearDocument(Of);
     // Should the reading fail, nothing may go over the old file.

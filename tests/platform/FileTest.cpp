@@ -42,6 +42,8 @@ TEST(File, LinesEndWithLfOrCrLf)
         {"one\r\ntwo\n", {"one", "two"}},
         {"\n\r\nend", {"", "", "end"}},
         {"a\rb\r\r\n", {"a\rb\r"}},
+        {"\xef\xbb\xbfmarked\n\xef\xbb\xbfnot\n", {"marked", "\xef\xbb\xbfnot"}},
+        {"\xef\xbb\xbf", {}},
     };
     for (const auto& c : cases) {
         ASSERT_TRUE(WriteWholeFile(folder / "text", c.Text));
@@ -69,6 +71,7 @@ TEST(File, WhatIsNoFileHasNoLinesAndNoBytes)
         EXPECT_FALSE(ReadWholeFile(path, 100, bytes)) << path;
         EXPECT_TRUE(bytes.empty()) << path;
         EXPECT_TRUE(Lines(path).empty()) << path;
+        EXPECT_NE(LineReader(path).Opened().Error, "") << path;
     }
 }
 
