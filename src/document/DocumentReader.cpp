@@ -35,6 +35,8 @@ public:
     {
     }
 
+    static bool IsKey(std::string_view Name) { return Find(Name) != nullptr; }
+
     // False if the output views cannot be had.
     bool Read()
     {
@@ -317,7 +319,7 @@ bool clsDocument::LoadDataFromFile(const std::string& Path)
     if (!lines.Opened())
         return false;
     try {
-        clsParser parser(lines);
+        clsParser parser(lines, FileReader::IsKey);
         return FileReader(*this, parser).Read();
     } catch (const std::bad_alloc&) {
         return false;

@@ -38,19 +38,15 @@ void clsGrid::SaveToFile(std::string& Text) const
     Text.append("GridEnd\r\n");
 }
 
-// Reads keyword groups, of which a line may hold several. The cells wait until the end of the
-// block, because the counts may stand behind them.
+// Reads keyword groups. The cells wait until the end of the block, because the counts may stand
+// behind them.
 class clsGrid::BlockReader {
 public:
     BlockReader(clsGrid& grid, clsParser& parser) : m_grid(grid), m_parser(parser) { }
 
     void Read()
     {
-        while (m_parser.Readline())
-            for (std::string keyword = m_parser.GetKeyword(); !keyword.empty();
-                 keyword = m_parser.GetKeyword())
-                if (!ReadGroup(keyword))
-                    return;
+        m_parser.ReadBlock([this](std::string_view keyword) { return ReadGroup(keyword); });
     }
 
     // Cells that the block does not name have not been analysed. Counts that no analysis takes are
@@ -69,8 +65,7 @@ public:
     }
 
 private:
-    // False at the end of the block.
-    bool ReadGroup(std::string_view keyword)
+    BlockWord ReadGroup(std::string_view keyword)
     {
         if (double* const number = Number(keyword))
             *number = m_parser.GetNumber();
@@ -83,8 +78,8 @@ private:
         else if (keyword == "cell" && m_state.size() < MaxGridCells * MaxGridCells)
             ReadCell();
         else
-            m_parser.SkipLine();
-        return keyword != "gridend";
+            return keyword == "gridend" ? BlockWord::Last : BlockWord::Unknown;
+        return BlockWord::Read;
     }
 
     double* Number(std::string_view keyword)
@@ -116,6 +111,7 @@ private:
 
     void ReadCell()
     {
+        m_hasCells = true;
         const int state = m_parser.GetLong();
         const bool isKnown = state == CellUsable || state == CellFails;
         m_state.push_back(isKnown ? state : CellNotAnalysed);

@@ -11,9 +11,17 @@
 
 namespace morvane {
 
+// What a block makes of a keyword.
+enum class BlockWord { Read, Unknown, Last };
+
 class clsParser {
 public:
-    explicit clsParser(LineReader& Lines) : m_lines(Lines) { }
+    // Of a file that knows the keywords IsKeyword, in lower case, outside of its blocks.
+    using KeywordTest = bool (*)(std::string_view Keyword);
+    explicit clsParser(LineReader& Lines, KeywordTest IsKeyword = nullptr)
+        : m_lines(Lines), m_isKeyword(IsKeyword)
+    {
+    }
 
     // False at the end of the file; a read error ends the file.
     bool Readline();
@@ -26,6 +34,28 @@ public:
     // GetNumber rounded to nearest.
     int GetLong();
 
+    // Hands the keywords of a block to Take, which reads the values behind each and answers with a
+    // BlockWord. The rest of the line behind the last one, and a line that begins with a word of
+    // the file around the block, are the file's to read: so a block without an end costs no more
+    // than itself. Any other unknown word drops the rest of its line.
+    template <typename Take>
+    void ReadBlock(Take take)
+    {
+        while (Readline()) {
+            bool isFirst = true;
+            for (std::string word = GetKeyword(); !word.empty(); word = GetKeyword()) {
+                const BlockWord answer = take(word);
+                if (answer == BlockWord::Last)
+                    return;
+                if (answer == BlockWord::Unknown && isFirst && m_isKeyword && m_isKeyword(word))
+                    return ReReadLine();
+                if (answer == BlockWord::Unknown)
+                    SkipLine();
+                isFirst = false;
+            }
+        }
+    }
+
     void ReReadLine() { m_position = 0; }
     void SkipLine() { m_position = m_line.size(); }
     // The number of tokens of the line; leaves the position at its end.
@@ -36,6 +66,7 @@ public:
 
 private:
     LineReader& m_lines;
+    KeywordTest m_isKeyword;
     std::string m_line;
     std::size_t m_position = 0;
 };

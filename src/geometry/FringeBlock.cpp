@@ -23,37 +23,35 @@ void clsFringes::SaveToFile(std::string& Text) const
     Text.append("EndFringes\r\n");
 }
 
-// Reads keyword groups, of which a line may hold several, until one of them ends the reading.
+// Reads keyword groups, until one of them ends the reading.
 class clsFringes::BlockReader {
 public:
     BlockReader(clsFringes& fringes, clsParser& parser) : m_fringes(fringes), m_parser(parser) { }
 
     void Read()
     {
-        while (m_parser.Readline())
-            for (std::string keyword = m_parser.GetKeyword(); !keyword.empty();
-                 keyword = m_parser.GetKeyword())
-                if (!ReadGroup(keyword))
-                    return;
+        m_parser.ReadBlock([this](std::string_view keyword) { return ReadGroup(keyword); });
     }
 
 private:
-    // False where the reading stops.
-    bool ReadGroup(std::string_view keyword)
+    BlockWord ReadGroup(std::string_view keyword)
     {
+        const auto lastUnless = [](bool fits) { return fits ? BlockWord::Read : BlockWord::Last; };
         if (keyword == "numfringes")
-            return ReadNumFringes();
+            return lastUnless(ReadNumFringes());
         if (keyword == "order")
-            return ReadOrder();
+            return lastUnless(ReadOrder());
         if (keyword == "numticks")
-            return ReadNumTicks();
-        if (keyword == "center")
-            ReadCenter();
-        else
-            m_parser.SkipLine();
-        return keyword != "endfringes";
+            return lastUnless(ReadNumTicks());
+        if (keyword == "endfringes")
+            return BlockWord::Last;
+        if (keyword != "center")
+            return BlockWord::Unknown;
+        ReadCenter();
+        return BlockWord::Read;
     }
 
+    // False where the reading stops.
     bool ReadNumFringes()
     {
         const int count = m_parser.GetLong();

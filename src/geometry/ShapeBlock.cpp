@@ -50,14 +50,10 @@ void clsShape::SaveToFile(std::string& Text) const
 void clsShape::LoadFromFile(clsParser& Parser)
 {
     int numRead = 0;
-    while (Parser.Readline())
-        for (std::string keyword = Parser.GetKeyword(); !keyword.empty();
-             keyword = Parser.GetKeyword())
-            if (!LoadGroup(Parser, keyword, numRead))
-                return;
+    Parser.ReadBlock([&](std::string_view keyword) { return LoadGroup(Parser, keyword, numRead); });
 }
 
-bool clsShape::LoadGroup(clsParser& Parser, std::string_view Keyword, int& NumRead)
+BlockWord clsShape::LoadGroup(clsParser& Parser, std::string_view Keyword, int& NumRead)
 {
     if (Keyword == "shapetype")
         m_type = ReadShapeKind(Parser);
@@ -74,8 +70,8 @@ bool clsShape::LoadGroup(clsParser& Parser, std::string_view Keyword, int& NumRe
     else if (Keyword == "vertex" && NumRead < MaxVertices)
         m_vertices[static_cast<std::size_t>(NumRead++)] = ReadPoint(Parser);
     else
-        Parser.SkipLine();
-    return Keyword != "endshape";
+        return Keyword == "endshape" ? BlockWord::Last : BlockWord::Unknown;
+    return BlockWord::Read;
 }
 
 } // namespace morvane

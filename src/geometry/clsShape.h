@@ -21,6 +21,7 @@
 namespace morvane {
 
 class clsParser;
+enum class BlockWord;
 
 inline constexpr int MaxVertices = 50;
 
@@ -96,7 +97,7 @@ private:
     void ResizePolygon(double Distance, int Vertex);
     void DrawTilted(Device& On, const ImageMapping& Map) const;
     void DrawPolygon(Device& On, const ImageMapping& Map) const;
-    bool LoadGroup(clsParser& Parser, std::string_view Keyword, int& NumRead);
+    BlockWord LoadGroup(clsParser& Parser, std::string_view Keyword, int& NumRead);
 
     ShapeRole m_role;
     ShapeKind m_type = ShapeKind::None;

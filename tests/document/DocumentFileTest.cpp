@@ -504,6 +504,35 @@ TEST(DocumentFile, NothingInAFringeBlockIsTakenForTheDocument)
     }
 }
 
+TEST(DocumentFile, ABlockWithoutItsEndLosesNothingBehindIt)
+{
+    const std::string fringes = "Fringes\nNumFringes, 1\nOrder, 3\nNumTicks, 1\nCenter, 5, 6\n";
+    const std::string aperture = "Aperture\nShapeType, 1\nCenter, 7, 8\nRadiusX, 9\nRadiusY, 9\n";
+    const std::string grid = "Grid\nCellCountX, 1\nCellCountY, 1\nCell, 2, 0.1, 0.2\n";
+    const struct {
+        const char* Name;
+        std::string Text;
+    } cases[] = {
+        {"none has one", fringes + aperture + grid + "rms, 0.5\nZScale, 0.25\n"},
+        {"ends with a slip",
+            fringes + "EndFringe\n" + aperture + "\nShapeEnd\n" + grid
+                + "CellsEnd\nRMS 0.5 ZScale 0.25\n"},
+        {"the line goes on behind each",
+            fringes + "EndFringes ZScale, 0.25\n" + aperture + "EndShape RMS, 0.5\n" + grid
+                + "GridEnd"},
+        {"behind the last one",
+            grid + "GridEnd ZScale, 0.25 RMS, 0.5 Fringes\n" + fringes.substr(8) + aperture},
+    };
+    for (const auto& c : cases) {
+        LoadedDocument read(c.Text);
+        EXPECT_EQ(read->Fringes.TotalNumTicks(), 1) << c.Name;
+        EXPECT_EQ(read->Aperture.GetCenter().Y, 8) << c.Name;
+        EXPECT_EQ(read->Grid.GetCellMeasurements(0, 0).State, CellFails) << c.Name;
+        EXPECT_EQ(read->Figures.RMS, 0.5) << c.Name;
+        EXPECT_EQ(read->ZScale, 0.25) << c.Name;
+    }
+}
+
 TEST(DocumentFile, ABlockThatTheFileEndsInIsReadAsFarAsItGoes)
 {
     LoadedDocument written;
