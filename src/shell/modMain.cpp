@@ -1,5 +1,7 @@
 #include "shell/modMain.h"
 
+#include <new>
+
 #include "shell/AnalyzeSettings.h"
 #include "shell/MainWindowSettings.h"
 #include "shell/ToolBoxSettings.h"
@@ -37,11 +39,16 @@ void Session::WriteSettings(SettingsStore& Into) const
 
 std::shared_ptr<clsDocument> Session::NewDocument()
 {
-    auto document = std::make_shared<clsDocument>(*this);
-    if (!RegisterDocument(document))
+    try {
+        auto document = std::make_shared<clsDocument>(*this);
+        if (!RegisterDocument(document))
+            return nullptr;
+        ++m_numOpenDocuments;
+        return document;
+    } catch (const std::bad_alloc&) {
+        ShowMessage("Out of memory", MessageOk, "Error");
         return nullptr;
-    ++m_numOpenDocuments;
-    return document;
+    }
 }
 
 bool Session::RegisterDocument(const std::shared_ptr<clsDocument>& Registered)

@@ -58,7 +58,8 @@ public:
     void WriteSettings(SettingsStore& Into) const;
 
     // --- Documents, in slots 1 to MaxDocuments
-    // In the lowest free slot; nullptr, and the user has been told, if all are taken.
+    // In the lowest free slot; nullptr, and the user has been told, if all are taken or there is no
+    // memory for it.
     std::shared_ptr<clsDocument> NewDocument();
     // Without a question.
     void CloseDocument(clsDocument& Closed);

@@ -35,7 +35,9 @@ void Session::OpenFiles(const std::vector<std::string>& Paths, bool Quiet)
             continue;
         }
         if (!(isDocument ? OpenDocument(path, Quiet) : OpenPicture(path, Quiet))) {
-            Recent.Remove(path);
+            // A file is not to blame for a full table of documents.
+            if (m_numOpenDocuments < MaxDocuments)
+                Recent.Remove(path);
             break;
         }
         Recent.Add(path);

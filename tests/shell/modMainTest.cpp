@@ -114,6 +114,18 @@ TEST(SessionOpen, BadFilesAreToldAndLeaveNothingOpen)
     }
 }
 
+TEST(SessionOpen, AFullTableCostsNoRecentFile)
+{
+    SilentSession session;
+    while (session.Main.NumOpenDocuments() < MaxDocuments)
+        session.Main.NewDocument();
+    const std::string path = PictureFile("morvane_a.bmp");
+    session.Main.Recent.SetPaths({path});
+    session.Main.OpenFiles({path}, false);
+    EXPECT_EQ(session.Answerer.TakeOnly(), "Too many open documents");
+    EXPECT_EQ(session.Main.Recent.Paths(), std::vector{path});
+}
+
 TEST(SessionOpen, MissingFilesAreSkippedAndPathsMadeAbsolute)
 {
     SilentSession session;
