@@ -146,7 +146,7 @@ bool Session::ReadDocument(clsDocument& Into, const std::string& Path, bool Quie
         Into.ImageView()->ResizeWindow();
     // The views that the file says, not those of the document before.
     const PerView<bool> visible = Into.Visible;
-    BringToFront(Into);
+    ActivateDocument(Into, ViewType::Interferogram);
     Into.Visible = visible;
     if (Into.OutputViewsExist()) {
         Into.OutputViews_UpdateVisibility(Activation::LeaveFocus);
@@ -154,6 +154,7 @@ bool Session::ReadDocument(clsDocument& Into, const std::string& Path, bool Quie
         Into.OutputViews_Refresh();
         Analyze.SetControls(Into);
     }
+    Into.ImageView()->Show(Activation::TakeFocus);
     Into.Modified = false;
     m_frame.UpdateMainFrame();
     return true;

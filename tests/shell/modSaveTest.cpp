@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "FringePicture.h"
@@ -299,10 +300,18 @@ TEST_F(Saving, AnOpenedDocumentKeepsItsOwnVisibleViews)
     document->Visible = {.SFringe = true, .Zernikes = true};
     ASSERT_TRUE(session.Main.WriteDocument(At("views.mvd"), *document));
     session.Main.CloseDocument(*document);
-    session.Main.Prefs.Visible = {.Aberrations = true};
-    const auto opened = session.Main.OpenDocument(At("views.mvd"), true);
-    ASSERT_NE(opened, nullptr);
-    EXPECT_EQ(opened->Visible, (PerView<bool>{.SFringe = true, .Zernikes = true}));
+    for (const bool common : {true, false}) {
+        session.Main.Prefs.HogWindows = common;
+        session.Main.Prefs.Visible = {.Aberrations = true};
+        const auto opened = session.Main.OpenDocument(At("views.mvd"), true);
+        ASSERT_NE(opened, nullptr);
+        EXPECT_EQ(opened->Visible, (PerView<bool>{.SFringe = true, .Zernikes = true})) << common;
+        const std::vector<std::string>& log = session.Frame.Log.Lines;
+        const auto shown = std::find_if(log.rbegin(), log.rend(),
+            [](const std::string& line) { return line.find(": show") != line.npos; });
+        EXPECT_EQ(*shown, "Image: show with focus") << "in front of its views";
+        session.Main.CloseDocument(*opened);
+    }
 }
 
 TEST_F(Saving, CapitalExtensionsOpenLikeLowerCase)
