@@ -313,16 +313,28 @@ const clsDocument::FileReader::Key* clsDocument::FileReader::Find(std::string_vi
     return nullptr;
 }
 
-bool clsDocument::LoadDataFromFile(const std::string& Path)
+FileResult clsDocument::IsDocumentFile(const std::string& Path)
 {
     LineReader lines(Path);
     if (!lines.Opened())
-        return false;
+        return lines.Opened();
+    clsParser parser(lines);
+    while (parser.Readline())
+        if (FileReader::IsKey(parser.GetKeyword()))
+            return {};
+    return {"It is not a Morvane document."};
+}
+
+FileResult clsDocument::LoadDataFromFile(const std::string& Path)
+{
+    LineReader lines(Path);
+    if (!lines.Opened())
+        return lines.Opened();
     try {
         clsParser parser(lines, FileReader::IsKey);
-        return FileReader(*this, parser).Read();
+        return {FileReader(*this, parser).Read() ? "" : "Its output views cannot be had."};
     } catch (const std::bad_alloc&) {
-        return false;
+        return {"Out of memory"};
     }
 }
 

@@ -143,11 +143,13 @@ public:
     // Writes the text; afterwards Path is the old file or the new one, whole, and in the latter
     // case the document is not modified any more.
     FileResult SaveDataToFile(const std::string& Path);
+    // Whether there is a single line in the file that a document could have.
+    static FileResult IsDocumentFile(const std::string& Path);
     // Reads into a document that is new or whose geometry has been cleared; what the file lacks
-    // stays as it is. False if the file cannot be read or its output views cannot be had. Bad
+    // stays as it is. It fails if the file cannot be read or its output views cannot be had. Bad
     // values are replaced, unknown lines are skipped. In the individual workspace, places of views
     // in the file become those of the preferences.
-    bool LoadDataFromFile(const std::string& Path);
+    FileResult LoadDataFromFile(const std::string& Path);
 
     // --- Coefficients, by index 1 to 36, and aberrations, 1 to 8; 0 outside
     double Zernike(int Index) const;

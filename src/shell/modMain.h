@@ -200,6 +200,8 @@ private:
     MouseTools* ActiveTools() const;
     // The same, with the interferogram in front.
     MouseTools* ToolsInFront();
+    // Unless Quiet the user is told why not.
+    bool HasOpened(const std::string& Path, const FileResult& Outcome, bool Quiet);
     bool ReadDocument(clsDocument& Into, const std::string& Path, bool Quiet);
     void ClearDocument(clsDocument& Of);
     void LoadSavedShapes(clsDocument& Into);

@@ -73,6 +73,9 @@ void Session::LoadSavedShapes(clsDocument& Into)
 
 std::shared_ptr<clsDocument> Session::OpenDocument(const std::string& Path, bool Quiet)
 {
+    // Told before there is a document for it, which would stand half made behind the message.
+    if (!HasOpened(Path, clsDocument::IsDocumentFile(Path), Quiet))
+        return nullptr;
     std::shared_ptr<clsDocument> document = NewDocument();
     if (!document)
         return nullptr;
@@ -102,7 +105,7 @@ bool Session::ReplacePicture(clsDocument& Of, const std::string& Path, bool Quie
 
 bool Session::ReplaceDocument(clsDocument& Of, const std::string& Path, bool Quiet)
 {
-    if (!LineReader(Path).Opened())
+    if (!HasOpened(Path, clsDocument::IsDocumentFile(Path), Quiet))
         return false;
     ClearDocument(Of);
     // Should the reading fail, nothing may go over the old file.
@@ -121,14 +124,18 @@ void Session::ClearDocument(clsDocument& Of)
         Of.ImageView()->Tools().Reset();
 }
 
+bool Session::HasOpened(const std::string& Path, const FileResult& Outcome, bool Quiet)
+{
+    if (!Outcome && !Quiet)
+        ShowMessage("Could not open file " + Path + "\r\n" + Outcome.Error, MessageOk, "Error");
+    return static_cast<bool>(Outcome);
+}
+
 bool Session::ReadDocument(clsDocument& Into, const std::string& Path, bool Quiet)
 {
     Into.BlankImage = true;
-    if (!Into.LoadDataFromFile(Path)) {
-        if (!Quiet)
-            ShowMessage("Could not open file " + Path, MessageOk, "Error");
+    if (!HasOpened(Path, Into.LoadDataFromFile(Path), Quiet))
         return false;
-    }
     Into.FileName = FileTitle(Path, false);
     Into.Directory = FileDirectory(Path);
     Into.HasSourceFile = true;

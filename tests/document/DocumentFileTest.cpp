@@ -29,7 +29,7 @@ public:
     bool Load(std::string_view Text)
     {
         std::ofstream(m_folder / "file.mvd", std::ios::binary) << Text;
-        return m_document.LoadDataFromFile(m_folder / "file.mvd");
+        return static_cast<bool>(m_document.LoadDataFromFile(m_folder / "file.mvd"));
     }
 
     clsDocument* operator->() { return &m_document; }
@@ -576,6 +576,23 @@ TEST(DocumentFile, WhatCannotBeReadIsNoDocument)
     const TemporaryFolder folder;
     EXPECT_FALSE(document->LoadDataFromFile(folder / "missing.mvd"));
     EXPECT_FALSE(document->LoadDataFromFile(folder / ""));
+    const struct {
+        const char* Name;
+        std::string Text;
+        bool IsDocument;
+    } cases[] = {
+        {"empty", "", false},
+        {"a JPEG", "\xff\xd8\xff\xe0JFIF\n\n\xff\xd9", false},
+        {"UTF-16", std::string("\xff\xfeR\0M\0S\0,\0001\0", 12), false},
+        {"words of blocks only", "FileVersion, 100\nCenter, 1, 2\nEndFringes\nmy RMS, 1", false},
+        {"one key", "HasImageFile, False", true},
+        {"one key far down", std::string(1000, '\n') + " rms 1", true},
+    };
+    for (const auto& c : cases) {
+        std::ofstream(folder / "file.mvd", std::ios::binary) << c.Text;
+        EXPECT_EQ(static_cast<bool>(clsDocument::IsDocumentFile(folder / "file.mvd")), c.IsDocument)
+            << c.Name;
+    }
 }
 
 TEST(DocumentFile, SavingTellsTheTruth)

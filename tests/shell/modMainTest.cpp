@@ -1,6 +1,7 @@
 #include "shell/modMain.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "FringePicture.h"
 #include "RecordingFrame.h"
@@ -94,7 +95,11 @@ TEST(SessionOpen, BadFilesAreToldAndLeaveNothingOpen)
     const std::string folder = ::testing::TempDir();
     const std::string text = folder + "morvane_session_text.bmp";
     const std::string other = folder + "morvane_session.txt";
+    const std::string document = folder + "morvane_session.mvd";
+    const std::string pipe = folder + "morvane_session_pipe.mvd";
     WriteWholeFile(text, "text");
+    WriteWholeFile(document, "text");
+    mkfifo(pipe.c_str(), 0600);
     WriteWholeFile(other, "text");
     const struct {
         std::string Path, Message;
@@ -104,6 +109,8 @@ TEST(SessionOpen, BadFilesAreToldAndLeaveNothingOpen)
         {other, "Could not open file " + other},
         {text, "Could not load image file " + text},
         {"", "Could not find file "},
+        {document, "Could not open file " + document + "\r\nIt is not a Morvane document."},
+        {pipe, "Could not open file " + pipe + "\r\nNot a regular file"},
     };
     for (const auto& c : cases) {
         session.Main.OpenFiles({c.Path}, false);
