@@ -85,7 +85,7 @@ void appendPicture(Lines& lines, const clsDocument& document)
 {
     const RasterSize size = document.GetImageSize();
     lines.Whole("FileVersion,", fileVersion);
-    lines.Flag("HasImageFile, ", !document.BlankImage);
+    lines.Flag("HasImageFile, ", !document.BlankImage || document.LacksPicture);
     lines.Whole("ImageXSize, ", size.Width);
     lines.Whole("ImageYSize, ", size.Height);
     lines.Empty();

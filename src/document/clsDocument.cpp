@@ -94,6 +94,7 @@ void clsDocument::LoadBlankImage(int Width, int Height)
     if (Width != NoSize && Height != NoSize)
         TakeImageSize({Width, Height});
     BlankImage = true;
+    LacksPicture = false;
     ImageDirty = false;
     m_image = {};
 }

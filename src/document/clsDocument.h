@@ -84,6 +84,7 @@ public:
     // That file is no original of somebody's: this program has written it, or a script has said so.
     bool MayReplacePicture = false;
     bool BlankImage = false; // no picture
+    bool LacksPicture = false; // its file tells of one that could not be had this time
     bool ImageDirty = false; // the picture differs from its file
     bool Modified = false;
 

@@ -203,6 +203,9 @@ private:
     // Unless Quiet the user is told why not.
     bool HasOpened(const std::string& Path, const FileResult& Outcome, bool Quiet);
     bool ReadDocument(clsDocument& Into, const std::string& Path, bool Quiet);
+    // The picture beside the document file Path, without a message; a line about the problem if it
+    // cannot be had.
+    std::string ReadSidePicture(clsDocument& Into, const std::string& Path);
     void ClearDocument(clsDocument& Of);
     void LoadSavedShapes(clsDocument& Into);
     bool WriteTextAndPicture(const std::string& Path, clsDocument& Of);

@@ -139,14 +139,13 @@ bool Session::ReadDocument(clsDocument& Into, const std::string& Path, bool Quie
     Into.FileName = FileTitle(Path, false);
     Into.Directory = FileDirectory(Path);
     Into.HasSourceFile = true;
-    const std::string picture = SidePicture(Path);
-    if (!Into.BlankImage && !Into.LoadFileIntoDataBuffer(picture, true))
-        Into.BlankImage = true;
+    const std::string problem = Into.BlankImage ? "" : ReadSidePicture(Into, Path);
     Into.MayReplacePicture = true; // it goes with the document
-    if (Into.BlankImage) {
-        Into.Title = FileTitle(picture, false);
+    if (Into.BlankImage || !problem.empty()) {
+        Into.Title = FileTitle(SidePicture(Path), false);
         Into.HasSourceFile = false;
         Into.LoadBlankImage(NoSize, NoSize);
+        Into.LacksPicture = !problem.empty();
     }
     Into.ImageView_Refresh();
     if (Into.ImageViewExists())
@@ -164,7 +163,20 @@ bool Session::ReadDocument(clsDocument& Into, const std::string& Path, bool Quie
     Into.ImageView()->Show(Activation::TakeFocus);
     Into.Modified = false;
     m_frame.UpdateMainFrame();
+    if (!problem.empty())
+        m_frame.ShowHint(Into.Title + ": " + problem);
     return true;
+}
+
+std::string Session::ReadSidePicture(clsDocument& Into, const std::string& Path)
+{
+    UnattendedScope unattended(*this);
+    if (Into.LoadFileIntoDataBuffer(SidePicture(Path), false))
+        return {};
+    std::string line = unattended.LastText();
+    for (std::size_t end; (end = line.find("\r\n")) != std::string::npos;)
+        line.replace(end, 2, " ");
+    return line;
 }
 
 } // namespace morvane

@@ -314,6 +314,21 @@ TEST_F(Saving, AnOpenedDocumentKeepsItsOwnVisibleViews)
     }
 }
 
+TEST_F(Saving, APictureThatIsMissingOnceIsNotForgotten)
+{
+    ASSERT_TRUE(session.Main.WriteDocument(At("scan.mvd"), *document));
+    session.Main.CloseDocument(*document);
+    fs::rename(At("scan.bmp"), At("elsewhere.bmp"));
+    const auto blank = session.Main.OpenDocument(At("scan.mvd"), false);
+    ASSERT_NE(blank, nullptr);
+    EXPECT_TRUE(blank->BlankImage && session.Answerer.Asked.empty());
+    EXPECT_EQ(session.Frame.LastHint, "scan.bmp: No such file or directory " + At("scan.bmp"));
+    ASSERT_TRUE(session.Main.WriteDocument(At("scan.mvd"), *blank));
+    session.Main.CloseDocument(*blank);
+    fs::rename(At("elsewhere.bmp"), At("scan.bmp"));
+    EXPECT_FALSE(session.Main.OpenDocument(At("scan.mvd"), false)->BlankImage);
+}
+
 TEST_F(Saving, CapitalExtensionsOpenLikeLowerCase)
 {
     ASSERT_TRUE(session.Main.WriteDocument(At("scan.mvd"), *document));
