@@ -82,7 +82,7 @@ std::string ZernikesText(const ZernikeSet& Coefficients)
 {
     std::string text;
     for (const double coefficient : Coefficients)
-        text += FormatShortest(coefficient) + "\r\n";
+        text += FormatGeneral(coefficient) + "\r\n";
     return text;
 }
 

@@ -179,11 +179,13 @@ TEST(ZernikesText, HasALineForEachCoefficientThatReadsBack)
     coefficients[35] = std::nextafter(1.0, 2.0);
     const auto lines = linesOf(ZernikesText(coefficients));
     ASSERT_EQ(lines.size(), 36U);
+    EXPECT_EQ(lines[0], "0.3\r");
     EXPECT_EQ(lines[1], "-12.5\r");
     EXPECT_EQ(lines[4], "0\r");
     for (int i = 0; i < NumZernikes; ++i) {
         ASSERT_EQ(lines[i].back(), '\r');
-        EXPECT_EQ(numberOf(lines[i].substr(0, lines[i].size() - 1)), coefficients[i]) << i + 1;
+        const double read = numberOf(lines[i].substr(0, lines[i].size() - 1));
+        EXPECT_NEAR(read, coefficients[i], 5e-15 * std::abs(coefficients[i])) << i + 1;
     }
 }
 
