@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <filesystem>
 
 #include "analysis/modSurface.h"
@@ -19,19 +20,20 @@ std::string LowerCase(std::string_view Text)
     return lower;
 }
 
-// Blanks, commas and line ends separate the numbers of a coefficient file; each must be one.
+// Blanks, commas and line ends separate the numbers of a coefficient file; each must be one. More
+// numbers than coefficients are none: with decimal commas each would be taken for two.
 std::optional<ZernikeSet> ReadCoefficientFile(LineReader& Lines)
 {
     constexpr std::string_view separators = " ,\t";
     ZernikeSet coefficients{};
     int count = 0;
     std::string line;
-    while (count < NumZernikes && Lines.ReadLine(line)) {
+    while (Lines.ReadLine(line)) {
         std::size_t start = line.find_first_not_of(separators);
-        while (count < NumZernikes && start != std::string::npos) {
+        while (start != std::string::npos) {
             const std::size_t end = std::min(line.find_first_of(separators, start), line.size());
             const std::string token = line.substr(start, end - start);
-            if (!IsNumeric(token))
+            if (!IsNumeric(token) || count == NumZernikes)
                 return std::nullopt;
             coefficients[count++] = LeadingNumber(token);
             start = line.find_first_not_of(separators, end);
@@ -126,8 +128,13 @@ std::optional<ZernikeSet> LoadReferenceFile(const std::string& Path)
     LineReader lines(Path);
     if (!lines.Opened())
         return std::nullopt;
-    return FileExtension(Path) == "zrn" ? ReadCoefficientFile(lines)
-                                        : ReadDocumentCoefficients(lines);
+    const std::optional<ZernikeSet> read =
+        FileExtension(Path) == "zrn" ? ReadCoefficientFile(lines) : ReadDocumentCoefficients(lines);
+    // In fringes. No surface that fringes can be seen of is so deep, and a fit less such numbers
+    // would lose its digits.
+    constexpr double largest = 1e6;
+    const auto fits = [](double coefficient) { return std::abs(coefficient) <= largest; };
+    return read && std::ranges::all_of(*read, fits) ? read : std::nullopt;
 }
 
 FileResult WriteMap(clsDocument& Of, const std::string& Path)

@@ -232,6 +232,10 @@ TEST(ReferenceFile, NeedsThirtySixNumbers)
         bool Ok;
     } cases[] = {
         {"one a line", "a.zrn", numbers(36, "\r\n"), true},
+        {"marked by an editor", "a.zrn", "\xef\xbb\xbf" + numbers(36, "\n").substr(1), true},
+        {"one too many, as of decimal commas", "a.zrn", numbers(37, ","), false},
+        {"deeper than any surface", "a.zrn", numbers(35, "\n") + "\n1e999", false},
+        {"as deep in a document", "d.mvd", "Zernikes" + numbers(35, ",") + ",-1000001", false},
         {"one too few", "b.zrn", numbers(35, "\n"), false},
         {"words among them", "c.zrn", "piston 0\n" + numbers(36, "\n"), false},
         {"line of a document", "d.mvd", "FileVersion, 100\nZernikes" + numbers(40, ","), true},
