@@ -60,9 +60,13 @@ void EvalAberrations(const ZernikeSet& Coefficients, const MaskView& Mask, const
         }
     }
     Figures = {};
-    const double variance = (sumOfSquares - sum / n * sum) / (n - 1);
-    if (n < 2 || !std::isfinite(variance))
+    if (n < 2)
         return;
+    const double variance = (sumOfSquares - sum / n * sum) / (n - 1);
+    if (!std::isfinite(variance)) {
+        Figures = NoFigures;
+        return;
+    }
     const double rms = std::sqrt(std::max(variance, 0.0));
     constexpr double fourPiSquared = 39.478417604357354;
     Figures = {rms, std::exp(-fourPiSquared * rms * rms), largest - smallest};

@@ -2,6 +2,7 @@
 // figures of merit.
 #pragma once
 #include <array>
+#include <limits>
 
 #include "analysis/Pupil.h"
 #include "analysis/Zernike.h"
@@ -17,9 +18,16 @@ WNotation AToW(const ZernikeSet& Coefficients);
 struct FiguresOfMerit {
     double RMS = 0, Strehl = 0, PV = 0; // waves; Strehl 0 to 1
 };
+// Of a wavefront that has none; 0 would be a perfect one.
+inline constexpr FiguresOfMerit NoFigures{
+    std::numeric_limits<double>::quiet_NaN(),
+    std::numeric_limits<double>::quiet_NaN(),
+    std::numeric_limits<double>::quiet_NaN(),
+};
 
 // Samples the wavefront at the nodes of a grid over the pupil's square that fall on inside cells.
-// Fewer than two of them give 0 for all three. Figures keeps its values if the grid is below 2 by
+// Fewer than two of them give 0 for all three, a wavefront whose squares leave the range of double
+// gives NaN. Figures keeps its values if the grid is below 2 by
 // 2, there is no mask, or the pupil is not defined.
 // Strehl = exp(-(2 pi RMS)^2), the extended Marechal approximation (Mahajan 1983).
 void EvalAberrations(const ZernikeSet& Coefficients, const MaskView& Mask, const Pupil& Frame,

@@ -71,8 +71,7 @@ std::string MapText(std::span<const double> Map, int Width)
     std::string text;
     text.reserve(Map.size() * 20);
     for (std::size_t i = 0; i < Map.size(); ++i) {
-        const bool isNumber = std::isfinite(Map[i]) && Map[i] != NoData;
-        appendPlain(text, isNumber ? Map[i] : 0.0);
+        appendPlain(text, Map[i] == NoData ? 0.0 : Map[i]);
         text += (i + 1) % static_cast<std::size_t>(Width) == 0 ? "\r\n" : ",";
     }
     return text;

@@ -27,9 +27,9 @@ void EvalSurface(const ZernikeSet& Coefficients, const MaskView& Mask, const Pup
 void EvalProfile(const ZernikeSet& Coefficients, const MaskView& Mask, const Pupil& Frame,
     double Angle, std::span<double> X, std::span<double> Y);
 
-// 100 lines of 100 numbers separated by commas, top row first; NoData is written as 0.
+// 100 lines of 100 finite numbers separated by commas, top row first; NoData is written as 0.
 std::string MapText(std::span<const double> Map, int Width);
-// 36 lines of one coefficient each.
+// 36 lines of one coefficient each, with at most 15 significant digits.
 std::string ZernikesText(const ZernikeSet& Coefficients);
 
 } // namespace morvane

@@ -1,5 +1,7 @@
 #include "document/clsDocument.h"
 
+#include <algorithm>
+#include <cmath>
 #include <new>
 #include <stdexcept>
 
@@ -16,6 +18,11 @@ void ScaleForDisplay(std::span<double> values, double scale)
     for (double& value : values)
         if (value != NoData)
             value *= scale;
+}
+
+bool IsFinite(const ZernikeSet& coefficients)
+{
+    return std::ranges::all_of(coefficients, [](double value) { return std::isfinite(value); });
 }
 
 } // namespace
@@ -215,25 +222,43 @@ bool clsDocument::UpdateAnalysis(bool WithAberrations, bool TakeGlobalSizes)
         return false;
     Modified = true;
     const bool fits = !AnalysisValid && !Averaged && !Combined;
+    const ZernikeSet before = m_zernikes;
     if (fits ? !RunFit() : !EnsureMask())
         return false;
-    AnalysisValid = true;
     DeriveCoefficients();
     if (fits || WithAberrations)
         EvalAberrations(m_zernikeFiltered, Analysis.Mask.View(), Analysis.Frame, 100, 100, Figures);
+    if (!IsFinite(m_zernikeFiltered) || !std::isfinite(Figures.RMS)) {
+        m_zernikes = before;
+        RefuseResults();
+        return false;
+    }
+    AnalysisValid = true;
     FillMaps(maps);
     m_maps = std::move(maps);
     OutputViews_LoadData();
     return true;
 }
 
+void clsDocument::RefuseResults()
+{
+    AnalysisValid = false;
+    DeriveCoefficients();
+    Figures = NoFigures;
+    m_maps = {};
+    OutputViews_LoadData();
+    m_host.ShowMessage("The wavefront is too large to be analyzed", MessageOk, "Warning");
+}
+
 bool clsDocument::RunFit()
 {
     const int count = Fringes.TotalNumTicks();
-    if (count == 0) {
+    const auto warnOfNoCenters = [this] {
         m_host.ShowMessage("No fringe centers to analyze", MessageOk, "Warning");
         return false;
-    }
+    };
+    if (count == 0)
+        return warnOfNoCenters();
     try {
         std::vector<double> x, y, z;
         for (std::vector<double>* values : {&x, &y, &z})
@@ -248,8 +273,14 @@ bool clsDocument::RunFit()
         }
         if (!EnsureMask())
             return false;
-        nDataPts = FitFringeCenters(
-            {x, y, z}, Analysis.Mask.View(), Analysis.Frame, NumZernikeToFit, m_zernikes);
+        // Without a center inside the aperture the fit is that of a perfect optic.
+        ZernikeSet fitted = m_zernikes;
+        const int numUsed = FitFringeCenters(
+            {x, y, z}, Analysis.Mask.View(), Analysis.Frame, NumZernikeToFit, fitted);
+        if (numUsed == 0)
+            return warnOfNoCenters();
+        nDataPts = numUsed;
+        m_zernikes = fitted;
     } catch (const std::bad_alloc&) {
         return false;
     }

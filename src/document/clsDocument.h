@@ -175,7 +175,8 @@ public:
     // if no fringe was found.
     bool AutoTraceFringes(FringeDirection Direction, FringeDensity Density);
     // From the state to the results: fits if they are stale, derives figures and maps, and loads
-    // the output views. False, with the old results, if it cannot be done.
+    // the output views. False, with the old results, if it cannot be done; and without any, and the
+    // user has been told, if the numbers leave the range in which there are figures of merit.
     bool UpdateAnalysis(bool WithAberrations, bool TakeGlobalSizes);
     // The wavefront 100 by 100 without DisplayScale, as exported.
     std::vector<double> GetSurfaceMap();
@@ -228,6 +229,7 @@ private:
     void TakeImageSize(RasterSize Size);
     bool EnsureMask();
     bool RunFit();
+    void RefuseResults();
     void TakeDefaults();
     void TakeSizes();
     bool AllocateMaps(AnalysisMaps& Maps) const;

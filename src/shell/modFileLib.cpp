@@ -139,7 +139,10 @@ std::optional<ZernikeSet> LoadReferenceFile(const std::string& Path)
 
 FileResult WriteMap(clsDocument& Of, const std::string& Path)
 {
-    return WriteWholeFile(Path, MapText(Of.GetSurfaceMap(), clsDocument::SurfaceMapSize));
+    const std::vector<double> map = Of.GetSurfaceMap();
+    if (!std::ranges::all_of(map, [](double cell) { return std::isfinite(cell); }))
+        return {"The wavefront is too large"};
+    return WriteWholeFile(Path, MapText(map, clsDocument::SurfaceMapSize));
 }
 
 FileResult WriteZernikes(const clsDocument& Of, const std::string& Path)

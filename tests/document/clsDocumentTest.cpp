@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <utility>
 #include <numbers>
+#include <utility>
 
 #include "FringePicture.h"
 #include "RecordingFrame.h"
@@ -46,6 +46,39 @@ TEST_F(TracedDocument, TiltFollowsFromTheFringeSpacing)
     EXPECT_EQ(document->Zernike(0), 0);
     EXPECT_EQ(document->Zernike(37), 0);
     EXPECT_EQ(document->Kingslake(9), 0);
+}
+
+TEST_F(TracedDocument, ResultsThatLeaveTheirRangeAreNone)
+{
+    ASSERT_TRUE(document->UpdateAnalysis(true, true));
+    const ZernikeSet fitted = document->GetZernikes();
+    for (const double factor : {1e200, 1e308}) {
+        document->AnalysisValid = true;
+        document->ZScale = factor;
+        EXPECT_FALSE(document->UpdateAnalysis(true, true));
+        EXPECT_EQ(session.Answerer.TakeOnly(), "The wavefront is too large to be analyzed");
+        EXPECT_FALSE(document->AnalysisValid);
+        EXPECT_TRUE(std::isnan(document->Figures.RMS) && std::isnan(document->Figures.PV));
+    }
+    document->ZScale = 1;
+    EXPECT_TRUE(document->UpdateAnalysis(true, true));
+    EXPECT_GT(document->Figures.RMS, 1);
+    EXPECT_EQ(document->GetZernikes(), fitted);
+}
+
+TEST_F(TracedDocument, CentersOutsideOfTheApertureAreNoPerfectOptic)
+{
+    ASSERT_TRUE(document->UpdateAnalysis(true, true));
+    const ZernikeSet fitted = document->GetZernikes();
+    document->Fringes.DeleteAll();
+    int index = document->Fringes.AddOrder(1);
+    for (int i = 0; i < 10; ++i)
+        document->Fringes.AddCenter(1, {1e308, -1e308}, index);
+    document->AnalysisValid = false;
+    EXPECT_FALSE(document->UpdateAnalysis(true, true));
+    EXPECT_EQ(session.Answerer.TakeOnly(), "No fringe centers to analyze");
+    EXPECT_EQ(document->GetZernikes(), fitted);
+    EXPECT_GT(document->Figures.RMS, 1);
 }
 
 TEST_F(TracedDocument, RemovedTermsLeaveTheFiguresAndTheSurfaceButNotTheFringes)
@@ -353,8 +386,8 @@ TEST_F(clsDocumentAllViews, AreShownHiddenAndRepaintedInTheirOrders)
         (Lines{"Zernikes: hide", "Aberrations: hide", "LineProfile: hide", "GridResults: hide"}));
     document.Visible.Aberrations = false;
     document.OutputViews_Refresh();
-    EXPECT_EQ(TakeLog(),
-        (Lines{"Zernikes: repaint", "GridResults: repaint", "LineProfile: repaint"}));
+    EXPECT_EQ(
+        TakeLog(), (Lines{"Zernikes: repaint", "GridResults: repaint", "LineProfile: repaint"}));
     for (const int kind : {0, 1, 2, 4, 7, 8, 10})
         document.OutputViews_Select(static_cast<ViewType>(kind));
     EXPECT_EQ(TakeLog(), (Lines{"Zernikes: raise"})) << "hidden, missing and unknown ones are not";
