@@ -222,7 +222,7 @@ FileResult StagedFile::Prepare(std::string_view bytes)
 {
     struct stat existing { };
     const bool replaces = stat(m_target.c_str(), &existing) == 0;
-    if (!replaces && errno != ENOENT)
+    if (!replaces && (errno != ENOENT || !fs::path(m_target).has_filename()))
         return LastFailure();
     if (replaces) {
         if (FileResult result = OnlyRegular(existing); !result)

@@ -135,9 +135,10 @@ TEST(FileWrite, AFailureTellsItsReasonAndLeavesNothingBehind)
     const TemporaryFolder folder;
     fs::create_directory(folder / "folder");
     fs::create_symlink("circle", folder / "circle");
-    for (const char* name : {"folder", "missing/file", "circle"})
-        EXPECT_NE(WriteWholeFile(folder / name, "text").Error, "") << name;
-    EXPECT_NE(WriteWholeFile("", "text").Error, "");
+    const std::string tooLong(300, 'x');
+    for (const std::string& path : {folder / "folder", folder / "missing/file", folder / "circle",
+             folder / tooLong, std::string()})
+        EXPECT_NE(StagedFile(path, "text").Prepared().Error, "") << path;
     EXPECT_EQ(std::distance(fs::directory_iterator(folder / ""), {}), 2);
     EXPECT_TRUE(fs::is_empty(folder / "folder"));
 }

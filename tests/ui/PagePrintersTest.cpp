@@ -8,7 +8,9 @@
 #include <QPrintDialog>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include "Desk.h"
 #include "platform/qt/QtDevice.h"
@@ -93,13 +95,42 @@ TEST_F(PagePrinters, WhatIsGivenUpLeavesTheOldFile)
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList("page.pdf"));
 }
 
-TEST_F(PagePrinters, NoFileCanBeStartedWhereThereIsNoFolder)
+TEST_F(PagePrinters, NoFileIsStartedThatCannotBeMade)
 {
-    const auto printer = ToPdf("no/page.pdf");
-    ASSERT_TRUE(printer->Open());
+    const std::string tooLong(300, 'x');
+    for (const char* name : {"no/page.pdf", ".", tooLong.c_str()}) {
+        const auto printer = ToPdf(name);
+        ASSERT_TRUE(printer->Open());
+        printer->ChangePageSettings();
+        EXPECT_FALSE(printer->StartDoc()) << name;
+        EXPECT_EQ(printer->Name(), folder.filePath(name).toStdString());
+    }
+    EXPECT_FALSE(PagePrinterToPdf({}, "")->StartDoc());
+}
+
+// What a full disk takes of a page is less than a page.
+TEST_F(PagePrinters, APageThatIsNotWrittenWholeIsNoPage)
+{
+    QFile old(folder.filePath("page.pdf"));
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+    old.write("old");
+    old.close();
+    const auto signalBefore = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const auto printer = ToPdf("page.pdf");
     printer->ChangePageSettings();
-    EXPECT_FALSE(printer->StartDoc());
-    EXPECT_EQ(printer->Name(), folder.filePath("no/page.pdf").toStdString());
+    const bool isStarted = printer->StartDoc() && printer->StartPage();
+    DrawSomething(printer->Page());
+    const rlimit least{1000, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &least);
+    const bool isDone = printer->EndPage() && printer->EndDoc();
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, signalBefore);
+    EXPECT_TRUE(isStarted);
+    EXPECT_FALSE(isDone);
+    EXPECT_EQ(Content("page.pdf"), "old");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList("page.pdf"));
 }
 
 class PrintCommand : public ::testing::Test, protected test::Desk {

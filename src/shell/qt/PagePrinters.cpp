@@ -1,15 +1,15 @@
 #include "shell/qt/PagePrinters.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QLocale>
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QSaveFile>
 #include <optional>
 
+#include "platform/File.h"
 #include "platform/qt/PageDevice.h"
 
 namespace morvane {
@@ -35,18 +35,18 @@ QPageSize UsualPaper()
     return QPageSize(american ? QPageSize::Letter : QPageSize::A4);
 }
 
-// The file is written beside the target and takes its name at the end.
+// The page is whole before the file is touched.
 class PdfFile final : public Printer {
 public:
-    PdfFile(const PageRequest& Request, QPageLayout Layout, QString Path)
-        : m_file(Path), m_writer(&m_file), m_layout(std::move(Layout))
+    PdfFile(const PageRequest& Request, QPageLayout Layout, std::string Path)
+        : m_path(std::move(Path)), m_writer(&m_bytes), m_layout(std::move(Layout))
     {
         m_writer.setResolution(PdfResolution);
         m_writer.setTitle(QString::fromStdString(Request.DocumentName));
         m_writer.setCreator("Morvane " + QCoreApplication::applicationVersion());
     }
 
-    std::string Name() const override { return m_file.fileName().toStdString(); }
+    std::string Name() const override { return m_path; }
     bool Open() override { return true; }
     std::string ChangePageSettings() override
     {
@@ -57,9 +57,7 @@ public:
     }
     bool StartDoc() override
     {
-        // A device or a pipe would be replaced by the file.
-        const QFileInfo target(m_file.fileName());
-        if ((target.exists() && !target.isFile()) || !m_file.open(QIODevice::WriteOnly))
+        if (!StagedFile(m_path, {}).Prepared() || !m_bytes.open(QIODevice::WriteOnly))
             return false;
         m_page.emplace(m_writer);
         return m_writer.paintingActive();
@@ -70,11 +68,13 @@ public:
     bool EndDoc() override
     {
         m_page.reset();
-        return m_file.commit();
+        const QByteArray& bytes = m_bytes.data();
+        return bool(WriteWholeFile(m_path, {bytes.data(), static_cast<std::size_t>(bytes.size())}));
     }
 
 private:
-    QSaveFile m_file; // outlives what is written into it
+    const std::string m_path;
+    QBuffer m_bytes; // outlives what writes into it
     QPdfWriter m_writer;
     std::optional<PageDevice> m_page;
     QPageLayout m_layout;
@@ -148,7 +148,8 @@ std::unique_ptr<Printer> AskPagePrinter(QWidget* Parent, const PageRequest& Requ
     if (dialog.exec() != QDialog::Accepted)
         return nullptr;
     if (printer->outputFormat() == QPrinter::PdfFormat)
-        return std::make_unique<PdfFile>(Request, printer->pageLayout(), printer->outputFileName());
+        return std::make_unique<PdfFile>(
+            Request, printer->pageLayout(), printer->outputFileName().toStdString());
     std::string name = printer->printerName().toStdString();
     return std::make_unique<PaperPrinter>(std::move(printer), std::move(name));
 }
@@ -165,8 +166,7 @@ std::unique_ptr<Printer> DefaultPagePrinter(const PageRequest& Request)
 std::unique_ptr<Printer> PagePrinterToPdf(const PageRequest& Request, const std::string& Path)
 {
     return std::make_unique<PdfFile>(Request,
-        QPageLayout(UsualPaper(), OrientationOf(Request), PdfMargins(), QPageLayout::Inch),
-        QString::fromStdString(Path));
+        QPageLayout(UsualPaper(), OrientationOf(Request), PdfMargins(), QPageLayout::Inch), Path);
 }
 
 } // namespace morvane
