@@ -250,7 +250,8 @@ void clsDocument::OutputViews_LoadData()
         return;
     UpdateCaptions();
     m_zernikesView->SetText(ZernikesText(*this), ScreenText, ZernikesTabStops);
-    m_aberrationsView->SetText(AberrationsText(*this), ScreenText, AberrationsTabStops);
+    m_shownAberrations = AberrationsText(*this);
+    m_aberrationsView->SetText(m_shownAberrations, ScreenText, AberrationsTabStops);
     LoadDataIntoGridResults();
     LoadDataIntoLineProfile();
 }
@@ -271,7 +272,7 @@ ProfileData clsDocument::Profile() const
     return {.X = m_maps.ProfileX,
         .Y = m_maps.ProfileY,
         .Angle = LineProfileAngle,
-        .Unit = UnitName(ScaleMode),
+        .Unit = UnitName(m_maps.Unit),
         .MinYSpan = LeastProfileSpan(),
         .AutoScale = AutoScale,
         .ZMinimum = ZMinimum,
@@ -282,9 +283,10 @@ ProfileData clsDocument::Profile() const
 double clsDocument::LeastProfileSpan() const
 {
     const double waves = LimitDisplayScale ? 0.5 : 0.05;
-    if (ScaleMode == DisplayUnit::Waves)
+    if (m_maps.Unit == DisplayUnit::Waves)
         return waves;
-    return LeadingNumber(FormatSignificant(waves * DisplayScale, 1, NumberStyle::Automatic));
+    const double span = waves * m_maps.DisplayScale;
+    return LeadingNumber(FormatSignificant(span, 1, NumberStyle::Automatic));
 }
 
 void clsDocument::RefreshLineViewData(int Angle)

@@ -234,6 +234,8 @@ bool clsDocument::UpdateAnalysis(bool WithAberrations, bool TakeGlobalSizes)
         return false;
     }
     AnalysisValid = true;
+    maps.Unit = ScaleMode;
+    maps.DisplayScale = DisplayScale;
     FillMaps(maps);
     m_maps = std::move(maps);
     OutputViews_LoadData();
@@ -307,7 +309,7 @@ void clsDocument::FillMaps(AnalysisMaps& Maps) const
         Maps.Surface);
     EvalSurface(m_zernikes, mask, frame, xOrigSurfaceSize, yOrigSurfaceSize, MapContent::Fringes,
         Maps.Fringes);
-    ScaleForDisplay(Maps.Surface, DisplayScale);
+    ScaleForDisplay(Maps.Surface, Maps.DisplayScale);
     FillProfile(Maps);
 }
 
@@ -315,7 +317,7 @@ void clsDocument::FillProfile(AnalysisMaps& Maps) const
 {
     EvalProfile(m_zernikeFiltered, Analysis.Mask.View(), Analysis.Frame,
         LineProfileAngle / DegreesPerRadian, Maps.ProfileX, Maps.ProfileY);
-    ScaleForDisplay(Maps.ProfileY, DisplayScale);
+    ScaleForDisplay(Maps.ProfileY, Maps.DisplayScale);
 }
 
 std::vector<double> clsDocument::GetSurfaceMap()

@@ -31,8 +31,11 @@ enum class DisplayUnit : std::int32_t { Waves = 0, Micrometers = 1, Microinches 
 // Factor from waves at the input wavelength to the unit; wavelengths in nm.
 double DisplayScaleOf(DisplayUnit Unit, double InputWavelength, double OutputWavelength);
 
-// The maps of the last run, multiplied by DisplayScale but for the fringes; rows from the top.
+// The maps of the last run, multiplied by its scale but for the fringes; rows from the top. Their
+// unit is not that of the document once other options have been stored without a run.
 struct AnalysisMaps {
+    DisplayUnit Unit = DisplayUnit::Waves;
+    double DisplayScale = 1;
     std::vector<double> Surface; // xSurfaceSize * ySurfaceSize
     std::vector<double> Fringes; // xOrigSurfaceSize * yOrigSurfaceSize
     std::vector<double> ProfileX, ProfileY;
@@ -163,8 +166,10 @@ public:
     const ZernikeSet& GetRefZernikes() const { return m_refZernikes; }
     const WNotation& GetWNotation() const { return m_wNotation; }
     const AnalysisMaps& Maps() const { return m_maps; }
-    // It lasts as long as the maps.
+    // --- What the views show: results of the last run, whatever options have been stored since
+    // The profile lasts as long as the maps.
     ProfileData Profile() const;
+    const std::string& ShownAberrations() const { return m_shownAberrations; }
 
     // --- Work
     // Every change of aperture, obstruction or picture size goes through this.
@@ -263,6 +268,7 @@ private:
     ZernikeSet m_zernikes{}, m_zernikeFiltered{}, m_refZernikes{};
     WNotation m_wNotation{};
     AnalysisMaps m_maps;
+    std::string m_shownAberrations;
     std::unique_ptr<ImageWindow> m_imageView;
     std::unique_ptr<ProfileWindow> m_lineProfileView;
     std::unique_ptr<TextWindow> m_aberrationsView, m_zernikesView, m_gridResultsView;

@@ -90,8 +90,7 @@ struct CellTable {
 
 TextPane AberrationsPane(const clsDocument& Of, const ReportPreferences& Chosen)
 {
-    const std::string figures = AberrationsText(Of);
-    const std::vector<std::string_view> rows = LinesOf(figures);
+    const std::vector<std::string_view> rows = LinesOf(Of.ShownAberrations());
     std::vector<std::string> lines(rows.begin(), rows.end());
     const std::vector<std::string> optic = OpticLines(Of.Optic);
     lines.insert(lines.end(), optic.begin(), optic.end());

@@ -105,7 +105,7 @@ TEST_F(DrawnReport, NothingLeavesItsPane)
 TEST_F(DrawnReport, EachCodeShowsItsView)
 {
     Analyze();
-    document.LineProfileAngle = 30;
+    document.RefreshLineViewData(30);
     const struct {
         int Code;
         const char* Text;
@@ -115,6 +115,29 @@ TEST_F(DrawnReport, EachCodeShowsItsView)
         const ReportPage page = Draw({c.Code});
         EXPECT_THAT(TextsWithin(page.Inside(page.Panes[0])), Contains(c.Text)) << c.Code;
     }
+}
+
+// What an analysis that was refused has stored is for the next one.
+TEST_F(DrawnReport, FiguresAndProfileAreThoseOfTheViews)
+{
+    Analyze();
+    const auto draw = [this](int code) {
+        const ReportPage page = Draw({code});
+        return TextsWithin(page.Inside(page.Panes[0]));
+    };
+    const std::vector<std::string> figures = draw(1), profile = draw(4);
+    document.ScaleMode = DisplayUnit::Micrometers;
+    document.DisplayScale = 0.6328;
+    document.ZScale = 1;
+    document.Removed.Coma = true;
+    EXPECT_EQ(draw(1), figures);
+    EXPECT_EQ(draw(4), profile);
+    document.RefreshLineViewData(90);
+    document.RefreshLineViewData(0);
+    EXPECT_EQ(draw(4), profile) << "another angle of the same results";
+    ASSERT_TRUE(document.UpdateAnalysis(true, true));
+    EXPECT_THAT(draw(1), Contains("Output Units: Micrometers"));
+    EXPECT_THAT(draw(4), Contains("Micrometers"));
 }
 
 TEST_F(DrawnReport, OnlyPicturesAndLogoNeedNoAnalysis)

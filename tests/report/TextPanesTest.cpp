@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "FringePicture.h"
 #include "PlainHost.h"
 
 namespace morvane {
@@ -44,6 +45,10 @@ TEST_F(TextPanes, AberrationRowsAreChosenByTheirNumber)
         .ShowDescription = true,
         .ShowDate = false,
         .ShowOperator = true};
+    document.LoadBlankImage(100, 100);
+    SetCircle(document.Aperture, 50, 50, 40);
+    document.Averaged = true; // of nothing: all figures are 0
+    ASSERT_TRUE(document.CreateOutputViews() && document.UpdateAnalysis(true, true));
     const TextPane pane = AberrationsPane(document, chosen);
     EXPECT_THAT(pane.Rows,
         ElementsAre("Output Units: Waves", "", "RMS\t 0.000", "", "Date Tested\tMar 7, 2026",
