@@ -17,6 +17,7 @@ WNotation AToW(const ZernikeSet& Coefficients);
 
 struct FiguresOfMerit {
     double RMS = 0, Strehl = 0, PV = 0; // waves; Strehl 0 to 1
+    friend bool operator==(const FiguresOfMerit&, const FiguresOfMerit&) = default;
 };
 // Of a wavefront that has none; 0 would be a perfect one.
 inline constexpr FiguresOfMerit NoFigures{

@@ -69,6 +69,7 @@ struct DocumentState {
     RemoveFlags Removed;
     int NumZernikeToFit = 0; // 0: chosen by the number of points
     FiguresOfMerit Figures; // waves at the input wavelength
+    friend bool operator==(const DocumentState&, const DocumentState&) = default;
 };
 
 class clsDocument : public DocumentState {

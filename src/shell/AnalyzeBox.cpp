@@ -147,6 +147,17 @@ std::string AnalyzeBox::SelectedReference() const
 
 std::optional<Message> AnalyzeBox::StoreOptions(clsDocument& Into) const
 {
+    const DocumentState before = Into;
+    const ZernikeSet referenceBefore = Into.GetRefZernikes();
+    std::optional<Message> refusal = CheckAndStore(Into);
+    const DocumentState& after = Into;
+    if (after != before || Into.GetRefZernikes() != referenceBefore)
+        Into.Modified = true;
+    return refusal;
+}
+
+std::optional<Message> AnalyzeBox::CheckAndStore(clsDocument& Into) const
+{
     if (Into.Combined)
         return Warning("Cannot analyze a document created by mathematical operations.");
     if (auto message = StoreReference(Into))

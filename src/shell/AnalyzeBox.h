@@ -58,12 +58,13 @@ public:
 
     ZernikeSet SharedReference{};
 
-    // Checks the options and stores them in the document. A message ends the command; what has
-    // been stored before it stays stored.
+    // Checks the options and stores them in the document, which is modified if one has changed. A
+    // message ends the command; what has been stored before it stays stored.
     std::optional<Message> StoreOptions(clsDocument& Into) const;
 
 private:
     int ReferenceOf(const clsDocument& Of) const;
+    std::optional<Message> CheckAndStore(clsDocument& Into) const;
     std::optional<Message> StoreReference(clsDocument& Into) const;
     std::optional<Message> StoreScaleAndUnits(clsDocument& Into) const;
     std::optional<Message> StoreFitOptions(clsDocument& Into) const;

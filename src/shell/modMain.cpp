@@ -192,6 +192,7 @@ void Session::AnalyzeFringes()
 bool Session::ApplyAnalysis(clsDocument& Target)
 {
     if (const std::optional<Message> refusal = Analyze.StoreOptions(Target)) {
+        m_frame.UpdateMainFrame();
         ShowMessage(refusal->Text, refusal->Flags, refusal->Title);
         return false;
     }

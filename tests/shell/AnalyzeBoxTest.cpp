@@ -1,5 +1,6 @@
 #include "shell/AnalyzeBox.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 
 #include "FringePicture.h"
@@ -87,6 +88,37 @@ TEST_F(AnalyzeBoxStore, RefusesWhatCannotBeAnalysed)
     document.Combined = true;
     EXPECT_EQ(Store({.InputWavelength = "x"}),
         "Cannot analyze a document created by mathematical operations.");
+}
+
+// Else a refused document would close without a question, and its new options were gone.
+TEST_F(AnalyzeBoxStore, ARefusedDocumentIsModifiedIfAnOptionHasChanged)
+{
+    const std::string file = ::testing::TempDir() + "morvane_gone.zrn";
+    std::string numbers;
+    for (int i = 0; i < NumZernikes; ++i)
+        numbers += "1\n";
+    WriteWholeFile(file, numbers);
+    ASSERT_FALSE(box.AddReference(file));
+    const AnalyzeOptions listed = box.Options();
+    ASSERT_EQ(Store(listed), "");
+    document.Fringes.DeleteAll();
+    document.Modified = false;
+    std::filesystem::remove(file);
+    EXPECT_EQ(Store(listed), file + "\r\nInvalid Zernikes reference file");
+    EXPECT_TRUE(document.Modified) << "it has lost its reference";
+    const struct {
+        const char* Name;
+        AnalyzeOptions Options;
+        bool Modified;
+    } cases[] = {{"the same", {}, false},
+        {"another unit", {.Unit = DisplayUnit::Microinches}, true},
+        {"a reference", {.Reference = 1}, true}};
+    for (const auto& c : cases) {
+        Store({});
+        document.Modified = false;
+        EXPECT_EQ(Store(c.Options), "No fringe centers to analyze") << c.Name;
+        EXPECT_EQ(document.Modified, c.Modified) << c.Name;
+    }
 }
 
 TEST_F(AnalyzeBoxStore, OnlyOptionsOfTheFitMakeItStale)
