@@ -20,27 +20,29 @@ struct PaneBox {
     int Gap;
 };
 
-void DrawText(Device& on, const PaneBox& pane, const ReportSource& of, const TextPane& shown)
+template <typename Maker>
+void DrawText(Device& on, const PaneBox& pane, const ReportSource& of, Maker make)
 {
-    DrawTextPane(on, pane.Inside, shown, of.Document.PrinterText);
+    DrawTextPane(on, pane.Inside, make, of.Document.PrinterText);
 }
 
 void DrawAberrations(Device& on, const PaneBox& pane, const ReportSource& of)
 {
-    DrawText(on, pane, of, AberrationsPane(of.Document, of.Chosen.Report));
+    DrawText(on, pane, of, [&] { return AberrationsPane(of.Document, of.Chosen.Report); });
 }
 
 void DrawZernikes(Device& on, const PaneBox& pane, const ReportSource& of)
 {
-    DrawText(on, pane, of, ZernikesPane(of.Document));
+    DrawText(on, pane, of, [&] { return ZernikesPane(of.Document); });
 }
 
 void DrawGridResults(Device& on, const PaneBox& pane, const ReportSource& of)
 {
-    const clsFontScope font(on, DeviceFont(on, of.Document.PrinterText));
-    const int lines = (pane.Inside.Height() - 1) / std::max(1, on.MeasureText({}).Height);
-    const int characters = (pane.Inside.Width() - 1) / std::max(1, on.AverageCharacterWidth());
-    DrawText(on, pane, of, GridResultsPane(of.Document.Grid, lines, characters));
+    DrawText(on, pane, of, [&] {
+        const int lines = (pane.Inside.Height() - 1) / std::max(1, on.MeasureText({}).Height);
+        const int characters = (pane.Inside.Width() - 1) / std::max(1, on.AverageCharacterWidth());
+        return GridResultsPane(of.Document.Grid, lines, characters);
+    });
 }
 
 void DrawLineProfile(Device& on, const PaneBox& pane, const ReportSource& of)

@@ -1,7 +1,6 @@
 #include "report/PageText.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace morvane {
 namespace {
@@ -17,34 +16,6 @@ bool StartsCharacter(std::string_view text, std::size_t at)
     return at >= text.size() || (static_cast<unsigned char>(text[at]) & 0xc0) != 0x80;
 }
 
-// The lines of a box from its top, in the font that is set. One that would be cut through by the
-// lower edge has no place.
-class LinePlaces {
-public:
-    LinePlaces(const Device& on, const DeviceRect& box)
-        : m_height(on.MeasureText({}).Height), m_next{box.Left, box.Top}, m_bottom(box.Bottom)
-    {
-    }
-    std::optional<DevicePoint> Next()
-    {
-        const DevicePoint at = m_next;
-        m_next.Y += m_height;
-        return m_next.Y <= m_bottom ? std::optional(at) : std::nullopt;
-    }
-
-private:
-    const int m_height;
-    DevicePoint m_next;
-    const int m_bottom;
-};
-
-void DrawLines(Device& on, LinePlaces& places, const std::vector<std::string>& lines, Color ink)
-{
-    for (const std::string& line : lines)
-        if (const auto at = places.Next(); at && !line.empty())
-            on.DrawText(*at, line, {}, ink);
-}
-
 // Stops beyond the last one are eight characters apart.
 int NextStop(const Device& on, int x, const std::vector<int>& stops)
 {
@@ -56,20 +27,90 @@ int NextStop(const Device& on, int x, const std::vector<int>& stops)
     return (x / apart + 1) * apart;
 }
 
-void DrawTabbed(
-    Device& on, DevicePoint at, std::string_view row, const std::vector<int>& stops, Color ink)
+// A line of cells between tabs, the second of which starts at SecondCell.
+struct Line {
+    std::string Text;
+    int SecondCell; // device units from the left edge
+};
+
+// Visit takes the left end of a cell, from that of the line, and the cell.
+template <typename Visitor>
+void ForEachCell(const Device& on, const Line& of, const std::vector<int>& stops, Visitor visit)
 {
-    int x = 0;
-    for (;;) {
-        const std::size_t tab = row.find('\t');
-        const std::string_view cell = row.substr(0, tab);
+    std::string_view rest = of.Text;
+    for (int x = 0, column = 0;; ++column) {
+        const std::size_t tab = rest.find('\t');
+        const std::string_view cell = rest.substr(0, tab);
         if (!cell.empty())
-            on.DrawText({at.X + x, at.Y}, cell, {}, ink);
+            visit(x, cell);
         if (tab == std::string_view::npos)
             return;
-        x = NextStop(on, x + on.MeasureText(cell).Width, stops);
-        row.remove_prefix(tab + 1);
+        x = column == 0 ? of.SecondCell : NextStop(on, x + on.MeasureText(cell).Width, stops);
+        rest.remove_prefix(tab + 1);
     }
+}
+
+// Where the second cells of rows start: in one column as far as no empty row comes between, however
+// long the first cells are.
+std::vector<int> SecondCells(const Device& on, const TextPane& of)
+{
+    std::vector<int> starts(of.Rows.size());
+    for (std::size_t first = 0, end = 0; first < of.Rows.size(); first = end + 1) {
+        int longest = 0;
+        for (end = first; end < of.Rows.size() && !of.Rows[end].empty(); ++end)
+            if (const std::size_t tab = of.Rows[end].find('\t'); tab != std::string::npos)
+                longest = std::max(longest, on.MeasureText(of.Rows[end].substr(0, tab)).Width);
+        std::fill(starts.begin() + first, starts.begin() + end, NextStop(on, longest, of.TabStops));
+    }
+    return starts;
+}
+
+// A single value that is longer than its line goes on below itself.
+std::vector<std::string> WrapValue(const Device& on, const std::string& row, int start, int width)
+{
+    const std::size_t tab = row.find('\t');
+    if (tab == std::string::npos || row.find('\t', tab + 1) != std::string::npos
+        || start + on.MeasureText(row.substr(tab + 1)).Width <= width)
+        return {row};
+    std::vector<std::string> lines =
+        WrapWords(on, std::string_view(row).substr(tab + 1), width - start);
+    lines.front().insert(0, row, 0, tab);
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        lines[i].insert(i == 0 ? tab : 0, 1, '\t');
+    return lines;
+}
+
+std::vector<Line> LinesIn(const Device& on, const TextPane& of, int width)
+{
+    const std::vector<int> starts = SecondCells(on, of);
+    std::vector<Line> lines;
+    for (std::size_t i = 0; i < of.Rows.size(); ++i)
+        for (std::string& line : of.Wraps ? WrapText(on, of.Rows[i], width)
+                                          : WrapValue(on, of.Rows[i], starts[i], width))
+            lines.push_back({std::move(line), starts[i]});
+    return lines;
+}
+
+bool FitsInto(
+    const Device& on, const std::vector<Line>& lines, const std::vector<int>& stops, int width)
+{
+    int right = 0;
+    for (const Line& line : lines)
+        ForEachCell(on, line, stops, [&](int x, std::string_view cell) {
+            right = std::max(right, x + on.MeasureText(cell).Width);
+        });
+    return right <= width;
+}
+
+// What is left out shows by the last line. A heading goes with what stands under it.
+void CutOff(std::vector<Line>& lines, std::size_t room)
+{
+    if (lines.size() <= room)
+        return;
+    lines.resize(std::max<std::size_t>(room, 1) - 1);
+    if (lines.size() >= 2 && lines[lines.size() - 2].Text.empty())
+        lines.pop_back();
+    lines.push_back({MoreFollows, 0});
 }
 
 } // namespace
@@ -147,27 +188,37 @@ std::vector<std::string> WrapWords(const Device& On, std::string_view Text, int 
     return lines;
 }
 
-void DrawTextPane(Device& On, const DeviceRect& Box, const TextPane& Shown, const TextFont& Style)
+void DrawTextPane(
+    Device& On, const DeviceRect& Box, const std::function<TextPane()>& Make, const TextFont& Style)
 {
-    const clsFontScope font(On, DeviceFont(On, Style));
+    constexpr int leastSize = 5; // points; the smallest pane of a sheet holds all coefficients
     const clsClipScope clip(On, Box);
-    LinePlaces places(On, Box);
-    for (const std::string& row : Shown.Rows) {
-        if (!Shown.Wraps) {
-            if (const auto at = places.Next())
-                DrawTabbed(On, *at, row, Shown.TabStops, Style.Ink);
-        } else {
-            DrawLines(On, places, WrapText(On, row, Box.Width()), Style.Ink);
+    for (TextFont style = Style;; --style.Size) {
+        const clsFontScope font(On, DeviceFont(On, style));
+        const TextPane shown = Make();
+        std::vector<Line> lines = LinesIn(On, shown, Box.Width());
+        const int height = std::max(1, On.MeasureText({}).Height);
+        const auto room = static_cast<std::size_t>(std::max(0, Box.Height() / height));
+        const bool isWhole = shown.IsWhole && lines.size() <= room
+            && FitsInto(On, lines, shown.TabStops, Box.Width());
+        if (!isWhole && style.Size > leastSize)
+            continue;
+        CutOff(lines, room);
+        DevicePoint at{Box.Left, Box.Top};
+        for (const Line& line : lines) {
+            ForEachCell(On, line, shown.TabStops, [&](int x, std::string_view cell) {
+                On.DrawText({at.X + x, at.Y}, cell, {}, Style.Ink);
+            });
+            at.Y += height;
         }
+        return;
     }
 }
 
 void DrawWords(Device& On, const DeviceRect& Box, std::string_view Text, const TextFont& Style)
 {
-    const clsFontScope font(On, DeviceFont(On, Style));
-    const clsClipScope clip(On, Box);
-    LinePlaces places(On, Box);
-    DrawLines(On, places, WrapWords(On, Text, Box.Width()), Style.Ink);
+    DrawTextPane(
+        On, Box, [&] { return TextPane{.Rows = WrapWords(On, Text, Box.Width())}; }, Style);
 }
 
 } // namespace morvane

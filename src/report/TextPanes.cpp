@@ -46,6 +46,7 @@ std::string CriterionRow(const char* name, bool isUsed, double limit)
 // The cells of a printed grid, block beside block, each filled from the top.
 struct CellTable {
     int Blocks, RowsPerBlock, BlockWidth; // characters
+    bool HoldsAll;
 
     CellTable(const clsGrid& of, int lines, int characters)
     {
@@ -56,6 +57,9 @@ struct CellTable {
         BlockWidth = characters / Blocks;
         if (RowsPerBlock > cells / Blocks)
             Blocks = cells / RowsPerBlock + 1;
+        HoldsAll = Blocks * RowsPerBlock >= cells;
+        if (!HoldsAll) // the last row is to say so
+            --RowsPerBlock;
     }
     std::string Repeated(const char* piece) const
     {
@@ -138,6 +142,9 @@ TextPane GridResultsPane(const clsGrid& Of, int Lines, int Characters)
             table.Repeated("\t RMS\t P-V\t\t"), table.Repeated("\t ---\t ---\t\t")});
     for (int row = 0; row < table.RowsPerBlock; ++row)
         pane.Rows.push_back(table.RowOf(Of, row));
+    pane.IsWhole = table.HoldsAll;
+    if (!table.HoldsAll) // under the block that breaks off
+        pane.Rows.push_back(std::string(4 * (table.Blocks - 1), '\t') + MoreFollows);
     return pane;
 }
 

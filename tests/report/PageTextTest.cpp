@@ -18,6 +18,11 @@ protected:
         device.Shape.PixelsPerInchX = device.Shape.PixelsPerInchY = 144;
         device.SetFont(DeviceFont(device, style));
     }
+    void Draw(const DeviceRect& box, const TextPane& pane)
+    {
+        DrawTextPane(
+            device, box, [&] { return pane; }, style);
+    }
     // "12,0 text": where each text was drawn.
     std::vector<std::string> Drawn() const
     {
@@ -70,21 +75,51 @@ TEST_F(PageText, WordsWrapAndKeepTheirOwnLineEnds)
 
 TEST_F(PageText, TabsGoToTheNextStop)
 {
-    const TextPane pane{.Rows = {"a\tb\tc", "", "0123456\td", "\te\tf\tg"}, .TabStops = {0, 5, 7}};
-    DrawTextPane(device, {100, 50, 1000, 1000}, pane, style);
+    const TextPane pane{
+        .Rows = {"a\tb\tc", "", "0123456\td", "", "\te\tf\tg"}, .TabStops = {0, 5, 7}};
+    Draw({100, 50, 1000, 1000}, pane);
     EXPECT_THAT(Drawn(),
-        ElementsAre("100,50 a", "150,50 b", "170,50 c", "100,98 0123456", "180,98 d", "150,122 e",
-            "170,122 f", "260,122 g"));
+        ElementsAre("100,50 a", "150,50 b", "170,50 c", "100,98 0123456", "180,98 d", "150,146 e",
+            "170,146 f", "260,146 g"));
     EXPECT_EQ(device.Calls[0].In, (Font{.FaceName = "Courier New", .Height = 20}));
     EXPECT_EQ(device.Calls[0].Fill, Cyan);
     EXPECT_EQ(device.Calls[0].Clip, (DeviceRect{100, 50, 1000, 1000}));
 }
 
-TEST_F(PageText, NoLineIsCutThroughByTheLowerEdge)
+TEST_F(PageText, SecondCellsOfAGroupStandInOneColumn)
 {
-    const TextPane pane{.Rows = {"first row", "second", "third"}, .Wraps = true};
-    DrawTextPane(device, {0, 0, 60, 4 * 24 - 1}, pane, style);
-    EXPECT_THAT(Drawn(), ElementsAre("0,0 first ", "0,24 row", "0,48 second"));
+    Draw({0, 0, 1000, 1000},
+        {.Rows = {"Maximum RMS:\t1", "Max P-V:\t2\t3", "", "P-V\t4"}, .TabStops = {10, 20, 30}});
+    EXPECT_THAT(Drawn(),
+        ElementsAre("0,0 Maximum RMS:", "200,0 1", "0,24 Max P-V:", "200,24 2", "300,24 3",
+            "0,72 P-V", "100,72 4"));
+}
+
+TEST_F(PageText, TheFontShrinksUntilAllRowsFit)
+{
+    // At 9 points a character is 9 units wide and a line 21 high, at 5 points 5 and 12.
+    const struct {
+        const char* Name;
+        TextPane Pane;
+        DeviceSize Room;
+        std::vector<std::string> Drawn;
+    } cases[] = {
+        {"all of it", {{"one", "two"}}, {60, 48}, {"0,0 one", "0,24 two"}},
+        {"too low", {{"one", "two"}}, {60, 47}, {"0,0 one", "0,21 two"}},
+        {"too narrow", {{"one\t2\t3"}, {4, 6}}, {64, 48}, {"0,0 one", "36,0 2", "54,0 3"}},
+        {"too low for what wraps", {.Rows = {" 1.5  -2.5  -3.5"}, .Wraps = true}, {110, 47},
+            {"0,0  1.5  -2.5  ", "0,21 -3.5"}},
+        {"a long remark", {{"by\tAda and Bob"}, {4}}, {110, 60},
+            {"0,0 by", "40,0 Ada and", "40,24 Bob"}},
+        {"never below 5 points", {{"one", "two", "three"}}, {60, 35}, {"0,0 one", "0,12 ..."}},
+        {"no bare heading", {{"one", "", "Order", "1", "2"}}, {60, 59}, {"0,0 one", "0,24 ..."}},
+        {"no room at all", {{"one", "two"}}, {60, 10}, {"0,0 ..."}},
+    };
+    for (const auto& c : cases) {
+        device.Calls.clear();
+        Draw({0, 0, c.Room.Width, c.Room.Height}, c.Pane);
+        EXPECT_EQ(Drawn(), c.Drawn) << c.Name;
+    }
 }
 
 } // namespace

@@ -101,6 +101,9 @@ TEST_F(TextPanes, CellsFillBlocksSideBySide)
     for (const auto& c : cases) {
         SetGrid(c.Columns, c.Rows);
         const TextPane pane = GridResultsPane(document.Grid, c.Lines, c.Characters);
+        const bool holdsAll = c.Blocks * c.RowsOfCells >= std::size_t(c.Columns) * c.Rows;
+        EXPECT_EQ(pane.IsWhole, holdsAll) << c.Name;
+        EXPECT_EQ(pane.Rows.back().ends_with("..."), !holdsAll) << c.Name;
         EXPECT_EQ(pane.TabStops.size(), 4 * c.Blocks) << c.Name;
         EXPECT_EQ(pane.Rows.size(), 11 + c.RowsOfCells) << c.Name;
         if (c.Blocks > 1) {
