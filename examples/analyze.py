@@ -34,6 +34,10 @@ class UserError(Exception):
     """What is wrong with a picture or with what was told of it."""
 
 
+class UnknownAperture(UserError):
+    """Nobody has told it, and the picture's size cannot be read."""
+
+
 def main():
     signal.signal(signal.SIGPIPE, signal.SIG_DFL)  # "| head" ends the script without a word
     options = parse_options()
@@ -179,7 +183,7 @@ def picture_size(picture):
             at += 2 + length
     except struct.error:
         pass
-    raise UserError("Its size is not known; give the --aperture.")
+    raise UnknownAperture("Its size is not known; give the --aperture.")
 
 
 # Outlines as the program takes them: a shape and the flat list of its points

@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """From pictures of interferograms to test reports: loads each picture, traces its fringes, analyzes
-them and prints the program's report page to a PDF of the picture's name.
+them and prints the program's report page to a PDF of the picture's name. A document (.mvd) is
+printed as it is.
 
 Outlines and the direction of the fringes come from the .json beside the picture, as analyze.py
 --help tells. The page is laid out as the program's page setup says, unless --panes or --landscape
@@ -17,7 +18,7 @@ sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "python"))
 
 import morvane  # noqa: E402
 
-from analyze import UserError, measure  # noqa: E402
+from analyze import UnknownAperture, UserError, measure  # noqa: E402
 
 # By their numbers in the settings.
 PANES = (
@@ -47,13 +48,25 @@ def main():
 def print_safely(doc, picture, folder):
     page = folder / (Path(picture).stem + ".pdf")
     try:
-        measure(doc, picture)
+        prepare(doc, picture)
         morvane.print_report(doc, page)
         print(page, flush=True)
         return True
     except (UserError, morvane.MorvaneError, morvane.ServerError, OSError, ValueError) as error:
         print(f"{picture}: {error}", file=sys.stderr)
         return False
+
+
+def prepare(doc, picture):
+    if Path(picture).suffix.lower() == ".mvd":
+        if not doc.Load(picture):
+            raise UserError("This is no document that can be read.")
+        return
+    try:
+        measure(doc, picture)
+    except UnknownAperture:
+        told = Path(picture).with_suffix(".json").name
+        raise UserError(f"Its size is not known; tell its aperture in {told}.") from None
 
 
 def set_up_analysis(doc):
@@ -101,7 +114,7 @@ def parse_options():
     parser = argparse.ArgumentParser(
         description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter
     )
-    parser.add_argument("pictures", nargs="+", metavar="PICTURE", help="bmp, rle or jpg file")
+    parser.add_argument("pictures", nargs="+", metavar="PICTURE", help="bmp, rle, jpg or mvd file")
     parser.add_argument("--out", type=Path, default=Path("."), metavar="FOLDER",
                         help="where the pages go (default: here)")
     parser.add_argument("--panes", type=pane_list, metavar="PANES",

@@ -87,6 +87,21 @@ class ReportScript(unittest.TestCase):
         self.assertEqual(SETTINGS.read_bytes() if SETTINGS.exists() else None, before)
         self.assertEqual(self.run_script(MIRROR, "--panes", "pictures").returncode, 2)
 
+    def test_a_document_is_printed_as_it_is(self):
+        document = self.folder / "kept.mvd"
+        with morvane.launch(PROGRAM) as _:
+            doc = morvane.MorvaneDoc()
+            sample = prepare(doc, MIRROR)
+            doc.ScaleFactor = 1.0
+            doc.AutoTrace(sample["direction"])
+            doc.Analyze()
+            rms = doc.Aberration("RMS")
+            doc.Save(document)
+        done = self.run_script(document, "--out", self.folder, "--panes", "aberrations")
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        rows = [line.split() for line in text_of(self.folder / "kept.pdf").splitlines()]
+        self.assertIn(["RMS", f"{rms:.3f}"], rows)
+
     def test_a_picture_that_fails_does_not_stop_the_others(self):
         bad = self.folder / "bad.bmp"
         bad.write_bytes(b"BM")
