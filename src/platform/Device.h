@@ -129,11 +129,12 @@ public:
     // Its last corner is joined to the first.
     virtual void DrawPolygon(std::span<const DevicePoint> Corners) = 0;
     virtual void FillRectangle(const DeviceRect& Box, Color Fill) = 0;
-    // The part Source of Picture scaled into Target by the nearest pixel. Where Source leaves the
-    // picture, Target keeps what it has.
+    // The part Source of Picture scaled into Target by the nearest pixel; on a page, a whole
+    // picture that is larger becomes the mean. Where Source leaves the picture, Target keeps what
+    // it has.
     virtual void DrawPicture(
         const DeviceRect& Target, const PictureView& Picture, const DeviceRect& Source) = 0;
-    // All of Picture scaled into Target by the nearest pixel.
+    // All of Picture scaled into Target, up by the nearest pixel, down by the mean.
     virtual void DrawColorPicture(const DeviceRect& Target, const ColorPictureView& Picture) = 0;
 
     // One line of UTF-8 in the font, over what is there. The extent is that of the text as its

@@ -165,6 +165,20 @@ TEST_F(PrintCommand, WritesThePageThatTheDialogAsksFor)
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
+// A page would carry every pixel of a photographed logo.
+TEST(QtDeviceColors, ALargerPictureIsReducedToWhatIsShown)
+{
+    QImage image(2, 2, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QtDevice device(image);
+    std::vector<Color> stripes(16 * 16, White);
+    for (std::size_t i = 0; i < stripes.size(); i += 2)
+        stripes[i] = Black;
+    device.DrawColorPicture({0, 0, 2, 2}, {stripes, 16, 16});
+    for (const QPoint at : {QPoint(0, 0), QPoint(1, 0), QPoint(0, 1), QPoint(1, 1)})
+        EXPECT_NEAR(qGray(image.pixel(at)), 127, 2);
+}
+
 // Whoever opens the picture sees each of its pixels as a square.
 TEST(QtDeviceColors, ScaleByTheNearestPixel)
 {

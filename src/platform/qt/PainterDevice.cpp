@@ -185,7 +185,13 @@ void PainterDevice::PaintImage(const DeviceRect& Target, const QImage& Image, co
     const QTransform transformBefore = m_painter.transform();
     m_painter.resetTransform();
     m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    m_painter.drawImage(ToQt(Target), Image, Source);
+    const QRect target = ToQt(Target);
+    if (Source == Image.rect() && Image.width() > target.width()
+        && Image.height() > target.height())
+        m_painter.drawImage(target.topLeft(),
+            Image.scaled(target.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    else
+        m_painter.drawImage(target, Image, Source);
     m_painter.setTransform(transformBefore);
     SetRasterOp(m_operation);
 }

@@ -50,6 +50,8 @@ protected:
 
 private:
     const QFontMetricsF& Metrics() const;
+    // A whole picture of more pixels than Target has is reduced to those first: a page keeps no
+    // more than it shows.
     void PaintImage(const DeviceRect& Target, const QImage& Image, const QRect& Source);
 
     mutable QPainter m_painter; // its font is taken over when it is needed
