@@ -50,16 +50,24 @@ void DrawLineProfile(Device& on, const PaneBox& pane, const ReportSource& of)
     DrawProfilePane(on, pane.Inside, of.Document.Profile(), of.Screen);
 }
 
+// Half arm of a tick on the page, device units: that of the screen grows with the sheet, but a
+// picture in a small pane must not disappear under its ticks.
+int TickSizeOn(const Device& on, const DeviceRect& picture, DeviceSize screen)
+{
+    constexpr double onScreen = 3, largestPart = 1.0 / 150;
+    const double scale = DiagonalRatio(on.Figures().Physical, screen);
+    const double most = largestPart * std::min(picture.Width(), picture.Height());
+    return std::max(1, RoundToLong(std::min(onScreen * scale, most)));
+}
+
 // The ticks keep the colours of their orders. Their pen is that of all lines, for on paper it is as
 // wide as the crosses need.
-void DrawOverlays(Device& on, const ImageMapping& map, const ReportSource& of)
+void DrawOverlays(Device& on, const ImageMapping& map, int tickSize, const ReportSource& of)
 {
-    constexpr int tickSize = 3; // half arm, pixels of the screen
     const clsBrushScope hollow(on, std::nullopt);
     of.Document.Aperture.Draw(on, map, RasterOp::Copy);
     of.Document.Obstruction.Draw(on, map, RasterOp::Copy);
-    const double scale = DiagonalRatio(on.Figures().Physical, of.Screen);
-    of.Document.Fringes.DrawAll(on, map, {.TickSize = RoundToLong(tickSize * scale)});
+    of.Document.Fringes.DrawAll(on, map, {.TickSize = tickSize});
 }
 
 void DrawInterferogram(Device& on, const PaneBox& pane, const ReportSource& of)
@@ -73,7 +81,8 @@ void DrawInterferogram(Device& on, const PaneBox& pane, const ReportSource& of)
     on.DrawPicture(target, {image.Pixels, width, height, &palette}, {0, 0, width, height});
     const double zoom = std::min(static_cast<double>(pane.Inside.Width()) / width,
         static_cast<double>(pane.Inside.Height()) / height);
-    DrawOverlays(on, {zoom, -target.Left / zoom, -target.Top / zoom}, of);
+    DrawOverlays(
+        on, {zoom, -target.Left / zoom, -target.Top / zoom}, TickSizeOn(on, target, of.Screen), of);
 }
 
 void DrawLogoAndComments(Device& on, const PaneBox& pane, const ReportSource& of)

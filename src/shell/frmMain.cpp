@@ -130,8 +130,7 @@ std::unique_ptr<Printer> frmMain::PdfPrinter(const PageRequest& Request, const s
 
 DeviceSize frmMain::ScreenSize() const
 {
-    const QSize size = screen()->size();
-    return {size.width(), size.height()};
+    return PhysicalSizeOf(*screen());
 }
 
 std::string frmMain::ProgramFolder() const

@@ -198,6 +198,16 @@ TEST_F(DrawnReport, OverlaysLieOnThePictureAndGrowWithThePage)
     EXPECT_EQ(calls[2].With.Ink, byOrder[document.Fringes.GetFringeOrder(1) % 3]);
 }
 
+TEST_F(DrawnReport, TicksStaySmallOnASmallPicture)
+{
+    const ReportPage page = Draw({3, 0, 0, 0, 0, 0});
+    const std::vector<DeviceCall> calls = CallsWithin(page.Inside(page.Panes[0]));
+    ASSERT_GT(calls.size(), 2u);
+    EXPECT_EQ(calls[0].Box.Height(), 1401);
+    EXPECT_EQ(calls[2].Points.back().X - calls[2].Points.front().X, 2 * 9 + 1)
+        << "a 150th of the height, not 12";
+}
+
 TEST_F(DrawnReport, LogoStandsOverTheComments)
 {
     WritePicture(VerticalFringes(64, 16, 8), folder / "Logo.bmp");

@@ -165,6 +165,12 @@ TEST_F(PrintCommand, WritesThePageThatTheDialogAsksFor)
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(PrintCommand, WithoutAScreenItIsThatOfAUsualDesk)
+{
+    ASSERT_EQ(QGuiApplication::platformName(), "offscreen");
+    EXPECT_EQ(Frame.ScreenSize(), (DeviceSize{1920, 1080}));
+}
+
 // A page would carry every pixel of a photographed logo.
 TEST(QtDeviceColors, ALargerPictureIsReducedToWhatIsShown)
 {

@@ -18,6 +18,14 @@ ScreenMeasures Screens()
         .CaptionStep = frame + caption};
 }
 
+DeviceSize PhysicalSizeOf(const QScreen& Of)
+{
+    if (QGuiApplication::platformName() == "offscreen")
+        return {1920, 1080};
+    const QSizeF size = QSizeF(Of.size()) * Of.devicePixelRatio();
+    return {qRound(size.width()), qRound(size.height())};
+}
+
 bool IsReachable(const QRect& Window)
 {
     constexpr QSize grip(80, 20);
