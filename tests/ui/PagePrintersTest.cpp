@@ -6,6 +6,9 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QPrintDialog>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <csignal>
@@ -140,6 +143,11 @@ protected:
     {
         QTimer::singleShot(0, &Frame, [=] {
             auto& dialog = *qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+            for (QPushButton* const button : dialog.findChildren<QPushButton*>())
+                if (button->text().contains("Options"))
+                    button->click();
+            EXPECT_TRUE(dialog.findChild<QTabWidget*>()->isVisible());
+            EXPECT_FALSE(dialog.findChild<QWidget*>("gbPrintRange")->isVisible()) << "of one page";
             auto& names = *dialog.findChild<QComboBox*>("printers");
             names.setCurrentIndex(names.findText("Print to File (PDF)"));
             dialog.findChild<QLineEdit*>("filename")->setText(path);
@@ -163,6 +171,16 @@ TEST_F(PrintCommand, WritesThePageThatTheDialogAsksFor)
     EXPECT_TRUE(User.Messages.empty());
     EXPECT_EQ(Frame.geometry(), before);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(PrintCommand, AtOnceNeedsAPrinterAndNamesTheOtherWay)
+{
+    if (!QPrinterInfo::defaultPrinter().isNull())
+        GTEST_SKIP() << "there is a printer";
+    const auto printer = Frame.DefaultPrinter({});
+    EXPECT_FALSE(printer->Open());
+    EXPECT_EQ(
+        printer->Name(), "there is no default printer\r\nFile / Print makes a PDF without one");
 }
 
 TEST_F(PrintCommand, WithoutAScreenItIsThatOfAUsualDesk)

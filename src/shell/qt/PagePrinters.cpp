@@ -128,6 +128,17 @@ private:
     std::optional<PageDevice> m_page;
 };
 
+// A report has one page: there is nothing to choose among pages. The dialog of Qt shows its ranges
+// and page sets again at will, whatever its options are; below a hidden parent they stay unseen.
+void HidePageChoices(QPrintDialog& on)
+{
+    auto* const unseen = new QWidget(&on);
+    unseen->hide();
+    for (const char* name : {"gbPrintRange", "pageSetLabel", "pageSetCombo"})
+        if (auto* const choice = on.findChild<QWidget*>(name))
+            choice->setParent(unseen);
+}
+
 std::unique_ptr<QPrinter> Prepared(const PageRequest& request, const QPrinterInfo& on)
 {
     auto printer = on.isNull() ? std::make_unique<QPrinter>(QPrinter::HighResolution)
@@ -145,8 +156,10 @@ std::unique_ptr<Printer> AskPagePrinter(QWidget* Parent, const PageRequest& Requ
     QPrintDialog dialog(printer.get(), Parent);
     dialog.setObjectName("dlgPrint");
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintCollateCopies);
+    HidePageChoices(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return nullptr;
+    printer->setPrintRange(QPrinter::AllPages); // a printer's own defaults may be others
     if (printer->outputFormat() == QPrinter::PdfFormat)
         return std::make_unique<PdfFile>(
             Request, printer->pageLayout(), printer->outputFileName().toStdString());
@@ -158,7 +171,8 @@ std::unique_ptr<Printer> DefaultPagePrinter(const PageRequest& Request)
 {
     const QPrinterInfo usual = QPrinterInfo::defaultPrinter();
     if (usual.isNull())
-        return std::make_unique<PaperPrinter>(nullptr, "there is no default printer");
+        return std::make_unique<PaperPrinter>(
+            nullptr, "there is no default printer\r\nFile / Print makes a PDF without one");
     return std::make_unique<PaperPrinter>(
         Prepared(Request, usual), usual.printerName().toStdString());
 }
