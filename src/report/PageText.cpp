@@ -10,10 +10,12 @@ constexpr bool IsDigit(char of)
     return of >= '0' && of <= '9';
 }
 
-// Of UTF-8: the first byte of a character, or the end of the text.
-bool StartsCharacter(std::string_view text, std::size_t at)
+// The first place from there on where a character of UTF-8 starts or the text ends.
+std::size_t CharacterFrom(std::string_view text, std::size_t at)
 {
-    return at >= text.size() || (static_cast<unsigned char>(text[at]) & 0xc0) != 0x80;
+    while (at < text.size() && (static_cast<unsigned char>(text[at]) & 0xc0) == 0x80)
+        ++at;
+    return at;
 }
 
 // Stops beyond the last one are eight characters apart.
@@ -132,16 +134,25 @@ std::vector<std::string_view> LinesOf(std::string_view Text)
 
 std::size_t FittingLength(const Device& On, std::string_view Text, int Width)
 {
+    const auto fitsUpTo = [&](std::size_t end) {
+        return On.MeasureText(Text.substr(0, end)).Width <= Width;
+    };
     std::size_t fits = 0, tooLong = Text.size() + 1;
-    while (fits + 1 < tooLong) {
-        std::size_t middle = (fits + tooLong) / 2;
-        while (!StartsCharacter(Text, middle))
-            ++middle;
-        if (middle < tooLong && On.MeasureText(Text.substr(0, middle)).Width <= Width) {
-            fits = middle;
-        } else {
-            tooLong = (fits + tooLong) / 2;
+    // A long text is measured for some lines only, and not whole for each of its lines.
+    for (std::size_t length = 64; length < Text.size(); length *= 2) {
+        const std::size_t end = CharacterFrom(Text, length);
+        if (!fitsUpTo(end)) {
+            tooLong = end;
+            break;
         }
+        fits = end;
+    }
+    while (fits + 1 < tooLong) {
+        const std::size_t half = (fits + tooLong) / 2, middle = CharacterFrom(Text, half);
+        if (middle < tooLong && fitsUpTo(middle))
+            fits = middle;
+        else
+            tooLong = half;
     }
     return fits;
 }
@@ -154,9 +165,8 @@ std::vector<std::string> WrapText(const Device& On, std::string Text, int Width)
         // A digit stands in the column of the digits above it, where there is room for both.
         if (!lines.empty() && IsDigit(Text.front()) && FittingLength(On, " " + Text, Width) > 1)
             Text.insert(0, 1, ' ');
-        std::size_t length = std::max<std::size_t>(FittingLength(On, Text, Width), 1);
-        while (!StartsCharacter(Text, length))
-            ++length;
+        std::size_t length =
+            CharacterFrom(Text, std::max<std::size_t>(FittingLength(On, Text, Width), 1));
         if (length < Text.size() && Text[length - 1] != ' ')
             if (const std::size_t blank = Text.find_last_of(' ', length - 1);
                 blank != std::string::npos && blank > 0)
