@@ -2,6 +2,26 @@
 #include "shell/modMain.h"
 
 namespace morvane {
+namespace {
+
+// In bytes: a document keeps each text on a line of its own, with two for a line break, and no
+// reader takes longer lines than LineReader.
+constexpr std::size_t LongestText = LineReader::MaxLineLength / 4;
+
+// False if Text was longer. A character in UTF-8 stays whole; its bytes behind the first are
+// 10xxxxxx.
+bool CutText(std::string& text)
+{
+    if (text.size() <= LongestText)
+        return true;
+    std::size_t end = LongestText;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xc0) == 0x80)
+        --end;
+    text.resize(end);
+    return false;
+}
+
+} // namespace
 
 void Session::CopyText()
 {
@@ -16,14 +36,23 @@ void Session::SetUserData(clsDocument& Of, const UserData& Typed, bool AsDefault
 {
     if (Document(Of.DocNumber) != &Of)
         return;
-    if (Of.Optic != Typed) {
-        Of.Optic = Typed;
+    UserData taken = Typed;
+    bool isWhole = true;
+    for (std::string* const text :
+        {&taken.Description, &taken.Date, &taken.Operator, &taken.Comments})
+        isWhole = CutText(*text) && isWhole;
+    if (Of.Optic != taken) {
+        Of.Optic = taken;
         Of.Modified = true;
     }
     Prefs.SetAsDefault = AsDefault;
     if (AsDefault)
-        Prefs.DefaultUserData = Typed;
+        Prefs.DefaultUserData = taken;
     m_frame.UpdateMainFrame();
+    if (!isWhole)
+        ShowMessage("Only the first " + std::to_string(LongestText)
+                + " bytes of each text of the user data are kept",
+            MessageWarningSign, "Warning");
 }
 
 } // namespace morvane

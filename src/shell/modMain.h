@@ -100,8 +100,8 @@ public:
     // What is selected in the active text view, or all of it, to the clipboard; with another view
     // in front it stays as it is.
     void CopyText();
-    // With AsDefault they are those of new documents too. A document that has been closed meanwhile
-    // changes nothing.
+    // Of longer texts than a document keeps the start, and the user is told. With AsDefault they are
+    // those of new documents too. A document that has been closed meanwhile changes nothing.
     void SetUserData(clsDocument& Of, const UserData& Typed, bool AsDefault);
     // The analysis of Target with the options of the box; false if a warning ended it.
     bool ApplyAnalysis(clsDocument& Target);

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "RecordingFrame.h"
+#include "TemporaryFolder.h"
 
 namespace morvane {
 namespace {
@@ -61,6 +64,26 @@ TEST_F(modEdit, UserDataModifyADocumentOnlyIfTheyDiffer)
     Main.SetUserData(document, {}, false);
     EXPECT_FALSE(Main.Prefs.SetAsDefault);
     EXPECT_EQ(Main.Prefs.DefaultUserData, typed) << "kept for the next time";
+}
+
+TEST_F(modEdit, UserDataAreNoLongerThanADocumentKeeps)
+{
+    clsDocument& document = Document();
+    document.LoadBlankImage(100, 100);
+    UserData typed;
+    for (int i = 0; i < 700'000; ++i)
+        typed.Comments += i % 2 ? "\xC3\xBC" : "\n";
+    Main.SetUserData(document, typed, false);
+    EXPECT_NE(Answerer.TakeOnly(), "");
+    const std::string kept = document.Optic.Comments;
+    EXPECT_TRUE(kept.ends_with("\xBC") || kept.ends_with('\n')) << "half a character";
+    EXPECT_GT(kept.size(), 200'000u);
+    const TemporaryFolder folder;
+    ASSERT_TRUE(Main.WriteDocument(folder / "long.mvd", document));
+    const auto read = Main.OpenDocument(folder / "long.mvd", true);
+    ASSERT_NE(read, nullptr);
+    EXPECT_EQ(std::ranges::count(read->Optic.Comments, '\xBC'), std::ranges::count(kept, '\xBC'));
+    EXPECT_EQ(read->Optic.Comments.back(), kept.back());
 }
 
 TEST_F(modEdit, UserDataOfAClosedDocumentGoNowhere)
