@@ -78,6 +78,15 @@ std::string_view CutValue(std::string_view Text)
     return Text.substr(0, IsInsideCharacter(Text[end]) ? SettingsStore::MaxValueBytes : end);
 }
 
+SettingsValues ReadValues(std::string_view Text)
+{
+    SettingsValues values = ReadSettingsText(Text);
+    for (auto& [section, names] : values)
+        for (auto& [name, value] : names)
+            value.resize(CutValue(value).size());
+    return values;
+}
+
 std::int32_t LongIn(std::string_view Text)
 {
     return RoundToLong(LeadingNumber(Text));
@@ -106,9 +115,8 @@ std::vector<std::string> ListIn(
         const std::string* const found = FindSetting(Values, Section, NameInList(Prefix, i));
         if (found == nullptr || found->empty())
             return list;
-        std::string value(CutValue(*found));
-        if (!Holds(list, value))
-            list.push_back(std::move(value));
+        if (!Holds(list, *found))
+            list.push_back(*found);
     }
 }
 
@@ -148,13 +156,13 @@ SettingsStore::SettingsStore(std::string Path) : m_path(std::move(Path))
 {
     std::string text;
     ReadText(m_path, text);
-    m_inFile = ReadSettingsText(text);
+    m_inFile = ReadValues(text);
 }
 
 std::string SettingsStore::GetSettingString(
     std::string_view Section, std::string_view Name, std::string_view Default)
 {
-    std::string value(CutValue(Find(Section, Name).value_or(std::string(Default))));
+    std::string value = Find(Section, Name).value_or(std::string(Default));
     TakeAsRead(Section, Name, value);
     return value;
 }
@@ -304,7 +312,7 @@ FileResult SettingsStore::Save()
     std::string before;
     if (FileResult result = ReadText(m_path, before); !result)
         return result;
-    const SettingsValues present = ReadSettingsText(before);
+    const SettingsValues present = ReadValues(before);
     std::vector<SettingChange> changes = ChangesFor(present);
     for (const ListChange& list : m_lists)
         std::ranges::move(ChangesFor(list, present), std::back_inserter(changes));

@@ -106,6 +106,10 @@ TEST_F(SettingsStoreFile, LongTextsAreCutBetweenCharacters)
     EXPECT_EQ(store.GetSettingString("S", "accents", ""), accents.substr(0, 1022));
     EXPECT_EQ(store.GetSettingString("S", "exact", ""), std::string(1023, 'y'));
     EXPECT_EQ(store.GetSettingString("S", "bytes", ""), std::string(1023, '\x80'));
+    SettingsStore numbers = OpenWith("[S]\nn = " + std::string(2000, '0') + "25\n");
+    EXPECT_EQ(numbers.GetSettingLong("S", "n", 0, 100, 5), 0);
+    EXPECT_EQ(numbers.GetSettingDouble("S", "n", 0, 100, 5), 0);
+    EXPECT_FALSE(numbers.GetSettingBool("S", "n", true));
     store.SaveSettingString("S", "new", accents);
     EXPECT_EQ(store.GetSettingString("S", "new", ""), accents.substr(0, 1022));
     store.SaveSettingString("S", "nul", std::string("a\0b", 3));
