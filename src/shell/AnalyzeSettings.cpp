@@ -69,7 +69,7 @@ void WriteAnalyzeBox(SettingsStore& Into, const AnalyzeBox& Written)
     std::vector<std::string> paths;
     for (int i = 1; i <= references.Count(); ++i)
         paths.push_back(references.GetItem(i));
-    Into.SaveSettingList(Section, ReferencePrefix, paths, MaxReferences);
+    Into.SaveSettingList(Section, ReferencePrefix, paths, ListOrder::AsSaved, MaxReferences);
     Into.SaveSettingString(Section, SelectedName, Written.SelectedReference());
 }
 

@@ -66,7 +66,8 @@ RecentFiles LoadRecentFiles(const SettingsStore& From)
 
 void SaveRecentFiles(SettingsStore& Into, const RecentFiles& Written)
 {
-    Into.SaveSettingList(RecentSection, RecentPrefix, Written.Paths(), RecentFiles::MaxFiles);
+    Into.SaveSettingList(
+        RecentSection, RecentPrefix, Written.Paths(), ListOrder::NewFirst, RecentFiles::MaxFiles);
 }
 
 } // namespace morvane

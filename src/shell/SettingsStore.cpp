@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <iterator>
 #include <system_error>
 #include <thread>
@@ -123,20 +124,22 @@ std::vector<std::string> ListIn(
 // What was Before and isn't There any more another program has removed; what is There and wasn't
 // Before it has added.
 std::vector<std::string> MergedList(const std::vector<std::string>& Before,
-    const std::vector<std::string>& Ours, const std::vector<std::string>& There)
+    const std::vector<std::string>& Ours, const std::vector<std::string>& There, ListOrder Order)
 {
-    std::vector<std::string> added, kept;
-    for (const std::string& value : Ours) {
-        if (!Holds(Before, value))
-            added.push_back(value);
-        else if (Holds(There, value))
-            kept.push_back(value);
-    }
+    const auto wasBefore = [&](const std::string& value) { return Holds(Before, value); };
+    std::vector<std::string> merged;
+    for (const std::string& value : Ours)
+        if (!wasBefore(value) || Holds(There, value))
+            merged.push_back(value);
+    auto place = merged.end();
+    if (Order == ListOrder::NewFirst)
+        place = std::stable_partition(merged.begin(), merged.end(), std::not_fn(wasBefore));
+    std::vector<std::string> added;
     for (const std::string& value : There)
-        if (!Holds(Before, value) && !Holds(added, value))
+        if (!wasBefore(value) && !Holds(merged, value))
             added.push_back(value);
-    added.insert(added.end(), kept.begin(), kept.end());
-    return added;
+    merged.insert(place, added.begin(), added.end());
+    return merged;
 }
 
 } // namespace
@@ -229,7 +232,7 @@ std::vector<std::string> SettingsStore::GetSettingList(
 }
 
 void SettingsStore::SaveSettingList(std::string_view Section, std::string_view Prefix,
-    const std::vector<std::string>& Values, std::size_t MaxCount)
+    const std::vector<std::string>& Values, ListOrder Order, std::size_t MaxCount)
 {
     std::erase_if(m_lists, [&](const ListChange& Earlier) {
         return Earlier.Section == Section && Earlier.Prefix == Prefix;
@@ -238,7 +241,8 @@ void SettingsStore::SaveSettingList(std::string_view Section, std::string_view P
     std::ranges::transform(Values, std::back_inserter(values),
         [](const std::string& value) { return std::string(CutValue(value)); });
     if (values != GetSettingList(Section, Prefix))
-        m_lists.push_back({std::string(Section), std::string(Prefix), std::move(values), MaxCount});
+        m_lists.push_back(
+            {std::string(Section), std::string(Prefix), std::move(values), Order, MaxCount});
 }
 
 void SettingsStore::DeleteSetting(std::string_view Section, std::string_view Name)
@@ -339,7 +343,7 @@ std::vector<SettingChange> SettingsStore::ChangesFor(
 {
     const std::vector<std::string> there = ListIn(Present, List.Section, List.Prefix);
     std::vector<std::string> merged =
-        MergedList(GetSettingList(List.Section, List.Prefix), List.Values, there);
+        MergedList(GetSettingList(List.Section, List.Prefix), List.Values, there, List.Order);
     if (merged.size() > List.MaxCount)
         merged.resize(List.MaxCount);
     std::vector<SettingChange> changes;

@@ -26,6 +26,10 @@ std::string SettingsPath();
 inline constexpr std::int32_t NoLongRange = 2147483647;
 inline constexpr double NoDoubleRange = 1E+308;
 
+// Of a list that several programs add to: what any of them has added comes before what was there,
+// or the order is that of the program that saves, and what others have added stands behind.
+enum class ListOrder { NewFirst, AsSaved };
+
 class SettingsStore {
 public:
     static constexpr std::size_t MaxFileBytes = 4 << 20; // a larger file is not read
@@ -57,9 +61,9 @@ public:
     std::vector<std::string> GetSettingList(
         std::string_view Section, std::string_view Prefix) const;
     // What this program added or removed is added to or removed from the list that the file has by
-    // then; what is new comes before what was there. At most MaxCount stay.
+    // then. At most MaxCount stay.
     void SaveSettingList(std::string_view Section, std::string_view Prefix,
-        const std::vector<std::string>& Values, std::size_t MaxCount);
+        const std::vector<std::string>& Values, ListOrder Order, std::size_t MaxCount);
 
     void DeleteSetting(std::string_view Section, std::string_view Name);
 
@@ -84,6 +88,7 @@ private:
     struct ListChange {
         std::string Section, Prefix;
         std::vector<std::string> Values;
+        ListOrder Order;
         std::size_t MaxCount;
     };
 

@@ -325,7 +325,7 @@ TEST(SettingsStoreLists, TwoProgramsKeepWhatEachAddedAndRemoved)
     const std::string path = folder / "settings.ini";
     using List = std::vector<std::string>;
     const auto save = [](SettingsStore& store, const List& list) {
-        store.SaveSettingList("Recent File List", "File", list, 4);
+        store.SaveSettingList("Recent File List", "File", list, ListOrder::NewFirst, 4);
         EXPECT_TRUE(store.Save());
     };
     {
@@ -342,6 +342,26 @@ TEST(SettingsStoreLists, TwoProgramsKeepWhatEachAddedAndRemoved)
     EXPECT_EQ(ListIn(path), (List{"5", "6", "4", "2"}));
     save(two, {});
     EXPECT_EQ(ListIn(path), List{});
+}
+
+TEST(SettingsStoreLists, AListInTheOrderOfItsSavingKeepsIt)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder / "settings.ini";
+    using List = std::vector<std::string>;
+    const auto save = [](SettingsStore& store, const List& list) {
+        store.SaveSettingList("Recent File List", "File", list, ListOrder::AsSaved, 9);
+        EXPECT_TRUE(store.Save());
+    };
+    {
+        SettingsStore first(path);
+        save(first, {"a", "b"});
+    }
+    SettingsStore one(path), two(path);
+    save(one, {"a", "b", "c"});
+    EXPECT_EQ(ListIn(path), (List{"a", "b", "c"}));
+    save(two, {"b", "d"});
+    EXPECT_EQ(ListIn(path), (List{"b", "d", "c"}));
 }
 
 TEST(SettingsStoreLists, AListTypedByHandEndsAtItsGapAndHoldsEachOnce)
