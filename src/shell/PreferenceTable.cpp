@@ -9,7 +9,6 @@ namespace morvane {
 namespace {
 
 constexpr int MaxColor = 0xFFFFFF;
-constexpr std::size_t MaxFaceName = 32; // characters
 const std::string NoGrabber = "None";
 
 using Rows = std::vector<SettingRow>;
@@ -141,30 +140,6 @@ Rows PlaceRows(PerView<WindowPlace>& Of, int Width, int Height)
     return rows;
 }
 
-// No more than MaxFaceName characters of UTF-8, without the blanks that once filled the field.
-std::string CutFaceName(const std::string& Name)
-{
-    std::size_t end = 0;
-    for (std::size_t characters = 0; end < Name.size(); ++end) {
-        const bool begins = (static_cast<unsigned char>(Name[end]) & 0xC0) != 0x80;
-        if (begins && ++characters > MaxFaceName)
-            break;
-    }
-    const std::string cut = Name.substr(0, end);
-    return cut.substr(0, cut.find_last_not_of(' ') + 1);
-}
-
-int NumberOf(Color Ink)
-{
-    return Ink.Red | Ink.Green << 8 | Ink.Blue << 16;
-}
-
-Color ColorOf(int Number)
-{
-    const auto byte = [&](int shift) { return static_cast<std::uint8_t>(Number >> shift & 0xFF); };
-    return {byte(0), byte(8), byte(16)};
-}
-
 // Reads the value of one row as its kind has it.
 struct RowReader {
     SettingsStore& From;
@@ -190,7 +165,7 @@ struct RowReader {
     {
         *Value = static_cast<FringeDensity>(Long(static_cast<int>(*Value)));
     }
-    void operator()(Color* Value) const { *Value = ColorOf(Long(NumberOf(*Value))); }
+    void operator()(Color* Value) const { *Value = ColorFromLong(Long(ColorToLong(*Value))); }
 };
 
 struct RowWriter {
@@ -214,7 +189,7 @@ struct RowWriter {
     }
     void operator()(const Color* Value) const
     {
-        Into.SaveSettingLong(Section, Row.Name, NumberOf(*Value));
+        Into.SaveSettingLong(Section, Row.Name, ColorToLong(*Value));
     }
 };
 
@@ -225,8 +200,8 @@ void MendTexts(SettingsStore& From, Preferences& Of, const std::string& Today)
         text = mended;
         From.TakeAsRead(MainSection, name, text);
     };
-    mend("ScreenText Font", Of.ScreenText.FaceName, CutFaceName(Of.ScreenText.FaceName));
-    mend("PrinterText Font", Of.PrinterText.FaceName, CutFaceName(Of.PrinterText.FaceName));
+    mend("ScreenText Font", Of.ScreenText.FaceName, FixedFaceName(Of.ScreenText.FaceName));
+    mend("PrinterText Font", Of.PrinterText.FaceName, FixedFaceName(Of.PrinterText.FaceName));
     std::string& date = Of.DefaultUserData.Date;
     mend("Date", date, date.empty() ? date : Today);
     mend("Frame Grabber", Of.GrabberName, Of.GrabberName.empty() ? NoGrabber : Of.GrabberName);
@@ -281,8 +256,8 @@ void WritePreferences(
 {
     Preferences copy = Written; // the rows point to what can be changed
     ZernikeSet reference = SharedReference;
-    copy.ScreenText.FaceName = CutFaceName(copy.ScreenText.FaceName);
-    copy.PrinterText.FaceName = CutFaceName(copy.PrinterText.FaceName);
+    copy.ScreenText.FaceName = FixedFaceName(copy.ScreenText.FaceName);
+    copy.PrinterText.FaceName = FixedFaceName(copy.PrinterText.FaceName);
     for (const Rows& rows : {DialogRows(copy), ReportRows(copy.Report), PlotRows(copy),
              FontRows("ScreenText", copy.ScreenText), FontRows("PrinterText", copy.PrinterText),
              ReferenceRows(reference), UserRows(copy)})
