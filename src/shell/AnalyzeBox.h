@@ -49,8 +49,8 @@ public:
     std::optional<Message> AddReference(const std::string& Path);
     // Takes a file (list index from 2) off the list and selects the one before.
     void RemoveReference(int Index);
-    // Makes the list anew, of those files that are there. Selected is a text of SelectedReference;
-    // none is selected if it isn't to be had.
+    // Makes the list anew; a file that is gone now may be there again when it is used. Selected is
+    // a text of SelectedReference; none is selected if it isn't listed.
     void RestoreReferences(const std::vector<std::string>& Paths, const std::string& Selected);
     // The path of the selected file, "Custom" for the shared set, empty for any other.
     std::string SelectedReference() const;

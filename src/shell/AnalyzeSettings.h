@@ -5,7 +5,6 @@
 
 namespace morvane {
 
-// Reference files that are gone drop out of the list.
 void ReadAnalyzeBox(SettingsStore& From, AnalyzeBox& Into);
 void WriteAnalyzeBox(SettingsStore& Into, const AnalyzeBox& Written);
 
