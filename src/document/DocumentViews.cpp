@@ -240,7 +240,8 @@ void clsDocument::OutputViews_Load(Placement How)
 
 void clsDocument::PlaceView(DocumentWindow& View, const WindowPlace& At)
 {
-    if (At.Width > 0 && At.Height > 0)
+    constexpr int leastWidth = 60, leastHeight = 40; // of a window that can still be used
+    if (At.Width >= leastWidth && At.Height >= leastHeight)
         View.SetPlace(At);
 }
 

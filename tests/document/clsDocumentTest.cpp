@@ -408,6 +408,21 @@ TEST_F(clsDocumentAllViews, StandAtTheSharedPlacesOrCascade)
     EXPECT_EQ(PlaceOf(document), (WindowPlace{105, 193, 300, 250}));
 }
 
+TEST_F(clsDocumentAllViews, TakeNoSizeThatCannotBeUsed)
+{
+    ASSERT_TRUE(document.CreateOutputViews());
+    const WindowPlace own{10, 20, 300, 200};
+    document.View(ViewType::Zernikes)->SetPlace(own);
+    for (const WindowPlace& kept : {WindowPlace{1, 2, 59, 300}, {1, 2, 300, 39}, {1, 2, 1, 1}}) {
+        session.Main.Prefs.Places.Zernikes = kept;
+        document.OutputViews_TakePlaces();
+        EXPECT_EQ(PlaceOf(document), own) << kept.Width << " x " << kept.Height;
+    }
+    session.Main.Prefs.Places.Zernikes = {1, 2, 60, 40};
+    document.OutputViews_TakePlaces();
+    EXPECT_EQ(PlaceOf(document), (WindowPlace{1, 2, 60, 40}));
+}
+
 TEST_F(clsDocumentAllViews, GiveTheirPlacesToTheCommonWorkspaceOnly)
 {
     ASSERT_TRUE(document.CreateOutputViews());
