@@ -37,6 +37,7 @@ public:
     static constexpr std::size_t MaxValueBytes = 1023;
 
     explicit SettingsStore(std::string Path);
+    const std::string& Path() const { return m_path; }
 
     std::string GetSettingString(
         std::string_view Section, std::string_view Name, std::string_view Default);

@@ -270,7 +270,8 @@ void frmMain::closeEvent(QCloseEvent* Event)
     Event->setAccepted(m_session->CloseAllAsking());
     if (!Event->isAccepted())
         return;
-    WriteSettings();
+    if (const FileResult written = WriteSettings(); !written)
+        m_session->TellUnsavedSettings(written);
     for (ToolWindow* const window : m_toolWindows)
         window->HideWithOwner();
 }

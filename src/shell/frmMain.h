@@ -65,7 +65,7 @@ private:
     using Action = std::function<void()>;
 
     void ReadSettings();
-    void WriteSettings();
+    FileResult WriteSettings();
     template <typename Form>
     void AddToolWindow(Form* Window, const char* Command, const ToolWindowKeeping& Kept,
         ToolWindow::FirstPlace First);

@@ -41,7 +41,7 @@ void frmMain::TakeKeptSize()
     resize(PixelsOf(m_kept.Width), PixelsOf(m_kept.Height));
 }
 
-void frmMain::WriteSettings()
+FileResult frmMain::WriteSettings()
 {
     m_kept.State = isMinimized() ? WindowState::Minimized
         : isMaximized()          ? WindowState::Maximized
@@ -59,7 +59,7 @@ void frmMain::WriteSettings()
     SaveViewSettings(*m_settings, m_session->Prefs);
     WriteBoxes(*m_settings, m_kept);
     m_session->WriteSettings(*m_settings);
-    m_settings->Save();
+    return m_settings->Save();
 }
 
 QRect frmMain::AreaOnScreen() const

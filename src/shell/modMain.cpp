@@ -37,6 +37,12 @@ void Session::WriteSettings(SettingsStore& Into) const
     WriteToolBox(Into, Tools);
 }
 
+void Session::TellUnsavedSettings(const FileResult& Failure)
+{
+    ShowMessage("Could not save the settings in " + m_settings->Path() + "\r\n" + Failure.Error,
+        MessageWarningSign, "Warning");
+}
+
 std::shared_ptr<clsDocument> Session::NewDocument()
 {
     try {
@@ -83,7 +89,7 @@ void Session::CloseDocument(clsDocument& Closed)
     released->CloseWindows();
     if (m_numOpenDocuments == 0 && Prefs.HogWindows && m_settings) {
         SaveViewSettings(*m_settings, Prefs);
-        m_settings->Save();
+        m_settings->Save(); // what fails is tried, and told, again at the end
     }
     m_frame.UpdateMainFrame();
 }

@@ -56,6 +56,8 @@ public:
     void ReadSettings(SettingsStore& From, const ScreenMeasures& Screen, const std::string& Today);
     // All but the output views' state.
     void WriteSettings(SettingsStore& Into) const;
+    // A warning with the file and the reason.
+    void TellUnsavedSettings(const FileResult& Failure);
 
     // --- Documents, in slots 1 to MaxDocuments
     // In the lowest free slot; nullptr, and the user has been told, if all are taken or there is no
