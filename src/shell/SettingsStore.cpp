@@ -173,7 +173,10 @@ std::string SettingsStore::GetSettingString(
 void SettingsStore::SaveSettingString(
     std::string_view Section, std::string_view Name, std::string_view Value)
 {
-    Put(Section, Name, std::string(CutValue(Value)));
+    std::string text(CutValue(Value));
+    const std::string* const given = FindSetting(m_given, Section, Name);
+    const bool isOfUser = given == nullptr || *given != text;
+    Put(Section, Name, std::move(text), isOfUser);
 }
 
 std::int32_t SettingsStore::GetSettingLong(std::string_view Section, std::string_view Name,
@@ -247,7 +250,7 @@ void SettingsStore::SaveSettingList(std::string_view Section, std::string_view P
 
 void SettingsStore::DeleteSetting(std::string_view Section, std::string_view Name)
 {
-    Put(Section, Name, std::nullopt);
+    Put(Section, Name, std::nullopt, true);
 }
 
 void SettingsStore::TakeAsRead(
@@ -266,31 +269,31 @@ std::optional<std::string> SettingsStore::Find(
     return stored != nullptr ? std::optional(*stored) : std::nullopt;
 }
 
-void SettingsStore::Put(
-    std::string_view Section, std::string_view Name, std::optional<std::string> Value)
+void SettingsStore::Put(std::string_view Section, std::string_view Name,
+    std::optional<std::string> Value, bool IsOfUser)
 {
     std::erase_if(m_changes, [&](const Change& Earlier) {
         return IsSameIgnoringCase(Earlier.Name, Name)
             && IsSameIgnoringCase(Earlier.Section, Section);
     });
     const std::string* const stored = FindSetting(m_inFile, Section, Name);
-    const bool isStored = stored != nullptr ? Value == *stored : !Value;
-    if (isStored)
+    if (!IsOfUser && stored != nullptr && Value == *stored)
         return;
-    const std::string* const given = FindSetting(m_given, Section, Name);
-    const bool isOfUser = !Value || given == nullptr || *given != *Value;
-    m_changes.push_back({{std::string(Section), std::string(Name), std::move(Value)}, isOfUser});
+    m_changes.push_back({{std::string(Section), std::string(Name), std::move(Value)}, IsOfUser});
 }
 
-// A number that stands in the file already, however it is typed there, is no change.
+// A number that stands in the file already stays as it is typed there.
 template <typename Reading>
 void SettingsStore::PutNumber(
     std::string_view Section, std::string_view Name, std::string Text, Reading NumberIn)
 {
-    const std::string* const stored = FindSetting(m_inFile, Section, Name);
-    if (stored != nullptr && NumberIn(*stored) == NumberIn(Text))
+    const auto isSame = [&, number = NumberIn(Text)](const std::string* other) {
+        return other != nullptr && NumberIn(*other) == number;
+    };
+    const bool isOfUser = !isSame(FindSetting(m_given, Section, Name));
+    if (const std::string* const stored = FindSetting(m_inFile, Section, Name); isSame(stored))
         Text = *stored;
-    Put(Section, Name, std::move(Text));
+    Put(Section, Name, std::move(Text), isOfUser);
 }
 
 std::vector<SettingChange> SettingsStore::ChangesFor(const SettingsValues& Present) const
@@ -320,10 +323,15 @@ FileResult SettingsStore::Save()
     std::vector<SettingChange> changes = ChangesFor(present);
     for (const ListChange& list : m_lists)
         std::ranges::move(ChangesFor(list, present), std::back_inserter(changes));
-    const std::string after = ChangeSettingsText(before, changes);
+    std::vector<SettingChange> edits = changes;
+    std::erase_if(edits, [&](const SettingChange& change) {
+        const std::string* const now = FindSetting(present, change.Section, change.Name);
+        return now != nullptr ? change.Value == *now : !change.Value;
+    });
+    const std::string after = ChangeSettingsText(before, edits);
     if (after.size() > MaxFileBytes)
         return {std::generic_category().message(EFBIG)};
-    if (!changes.empty() && after != before)
+    if (!edits.empty())
         if (FileResult result = WriteWholeFile(m_path, after); !result)
             return result;
     for (const SettingChange& change : changes) {

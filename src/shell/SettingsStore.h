@@ -4,7 +4,8 @@
 //
 // The program writes all its values back at exit, the user's changes among them. A value that goes
 // back as the program was given it, by a default or a clamp too, is no change of the user's: it is
-// written only while the file still says what it said.
+// written only while the file still says what it said. A value that the program was never given is
+// the user's in any case.
 //
 // A file that is missing, unreadable or damaged never fails a read: what can't be made out is
 // absent. Such a file isn't destroyed either (Save).
@@ -82,7 +83,8 @@ private:
     };
 
     std::optional<std::string> Find(std::string_view Section, std::string_view Name) const;
-    void Put(std::string_view Section, std::string_view Name, std::optional<std::string> Value);
+    void Put(std::string_view Section, std::string_view Name, std::optional<std::string> Value,
+        bool IsOfUser);
     template <typename Reading>
     void PutNumber(
         std::string_view Section, std::string_view Name, std::string Text, Reading NumberIn);

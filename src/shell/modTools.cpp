@@ -72,9 +72,13 @@ void Session::ClearShape(ShapeRole Role)
         tools->ClearShape(Role);
 }
 
+// There is one figure for all running programs, so it is looked up in the file each time.
 bool Session::LoadShape(ShapeRole Role, clsDocument& Into)
 {
-    return m_settings && LoadSavedShape(*m_settings, SavedNameOf(Role), ShapeOf(Into, Role));
+    if (!m_settings)
+        return false;
+    SettingsStore present(m_settings->Path());
+    return LoadSavedShape(present, SavedNameOf(Role), ShapeOf(Into, Role));
 }
 
 void Session::LoadShapeIntoActive(ShapeRole Role)
@@ -88,10 +92,13 @@ void Session::LoadShapeIntoActive(ShapeRole Role)
 
 void Session::SaveShape(ShapeRole Role)
 {
-    if (clsDocument* const active = Active(); active && m_settings) {
-        morvane::SaveShape(*m_settings, SavedNameOf(Role), ShapeOf(*active, Role));
-        m_settings->Save(); // at once: other running programs load it too
-    }
+    clsDocument* const active = Active();
+    if (!active || !m_settings)
+        return;
+    SettingsStore present(m_settings->Path()); // has given nothing: the figure goes there whole
+    morvane::SaveShape(present, SavedNameOf(Role), ShapeOf(*active, Role));
+    if (const FileResult saved = present.Save(); !saved)
+        TellUnsavedSettings(saved);
 }
 
 void Session::InsertFringe()

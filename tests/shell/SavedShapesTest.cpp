@@ -52,6 +52,7 @@ TEST(SavedShapes, APictureOpensWithThemIfThePreferencesSaySo)
     clsShape circle(ShapeRole::Aperture);
     SetCircle(circle, 100, 100, 80);
     SaveShape(store, SavedAperture, circle);
+    ASSERT_TRUE(store.Save());
     SilentSession session;
     session.Main.ReadSettings(store, {1920, 1080, 4, 30}, "Jan 1, 2026");
     const auto document = session.Main.OpenPicture(folder / "mirror.bmp", true);

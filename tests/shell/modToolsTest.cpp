@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include <gtest/gtest.h>
 
 #include "FringePicture.h"
@@ -128,6 +130,45 @@ TEST_F(SessionTools, ASavedFigureComesBackInAnotherPicture)
     session.Main.LoadShapeIntoActive(ShapeRole::Aperture);
     EXPECT_EQ(document->Aperture.GetCenter(), (Point{90, 80}));
     EXPECT_TRUE(document->HasUnsavedChanges());
+}
+
+// Of two running programs the last to save counts, with the whole figure.
+TEST_F(SessionTools, AFigureIsSavedWholeAndSeenByTheOtherProgram)
+{
+    SettingsStore otherStore(store.Path());
+    SilentSession other;
+    other.Main.ReadSettings(otherStore, Screen, "Jan 1, 2026");
+    clsDocument& inOther = *other.Main.OpenPicture(folder / "mirror.bmp", true);
+    const auto save = [](Session& in, clsDocument& of, double x, double radius) {
+        SetCircle(of.Aperture, x, 80, radius);
+        in.SaveShape(ShapeRole::Aperture);
+    };
+    const auto load = [](Session& in, clsDocument& into) {
+        into.Aperture.Delete();
+        in.LoadShapeIntoActive(ShapeRole::Aperture);
+        return std::pair(into.Aperture.GetCenter().X, into.Aperture.GetRadii().X);
+    };
+    save(session.Main, *document, 90, 40);
+    EXPECT_EQ(load(other.Main, inOther), std::pair(90.0, 40.0));
+    save(session.Main, *document, 100, 60);
+    save(other.Main, inOther, 120, 40);
+    EXPECT_EQ(load(session.Main, *document), std::pair(120.0, 40.0)) << "not 60 of the first";
+    save(session.Main, *document, 100, 60);
+    save(other.Main, inOther, 120, 40);
+    EXPECT_EQ(load(session.Main, *document), std::pair(120.0, 40.0)) << "the same again";
+    session.Main.WriteSettings(store);
+    EXPECT_TRUE(store.Save());
+    EXPECT_EQ(load(other.Main, inOther), std::pair(120.0, 40.0)) << "the end changes nothing";
+}
+
+TEST_F(SessionTools, AFigureThatCannotBeSavedIsTold)
+{
+    std::filesystem::create_directory(store.Path());
+    session.Main.SaveShape(ShapeRole::Aperture);
+    ASSERT_EQ(session.Answerer.Asked.size(), 1u);
+    EXPECT_EQ(session.Answerer.Asked[0].Title, "Warning");
+    EXPECT_TRUE(session.Answerer.TakeOnly().starts_with(
+        "Could not save the settings in " + store.Path() + "\r\n"));
 }
 
 TEST_F(SessionTools, InsertAndRemoveRenumberWhatLiesAbove)
