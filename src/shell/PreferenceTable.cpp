@@ -109,8 +109,12 @@ Rows UserRows(Preferences& Of)
         {"Date", &user.Date},
         {"Operator", &user.Operator},
         {"Comments", &user.Comments},
-        {"Frame Grabber", &Of.GrabberName},
     };
+}
+
+Rows GrabberRows(Preferences& Of)
+{
+    return {{"Frame Grabber", &Of.GrabberName}};
 }
 
 Rows ReferenceRows(ZernikeSet& Of)
@@ -245,7 +249,7 @@ Preferences ReadPreferences(
     for (const Rows& rows :
         {DialogRows(read), ReportRows(read.Report), PlotRows(read), VisibilityRows(read.Visible),
             FontRows("ScreenText", read.ScreenText), FontRows("PrinterText", read.PrinterText),
-            PlaceRows(read.Places, Screen.Width, Screen.Height), UserRows(read)})
+            PlaceRows(read.Places, Screen.Width, Screen.Height), UserRows(read), GrabberRows(read)})
         ReadRows(From, MainSection, rows);
     MendTexts(From, read, Today);
     return read;
@@ -260,8 +264,17 @@ void WritePreferences(
     copy.PrinterText.FaceName = FixedFaceName(copy.PrinterText.FaceName);
     for (const Rows& rows : {DialogRows(copy), ReportRows(copy.Report), PlotRows(copy),
              FontRows("ScreenText", copy.ScreenText), FontRows("PrinterText", copy.PrinterText),
-             ReferenceRows(reference), UserRows(copy)})
+             ReferenceRows(reference), UserRows(copy), GrabberRows(copy)})
         WriteRows(Into, MainSection, rows);
+}
+
+void ChooseDefaultUserData(SettingsStore& Into, const Preferences& Written)
+{
+    Preferences copy = Written;
+    const Rows rows = UserRows(copy);
+    for (const SettingRow& row : rows)
+        Into.TakeAsChosen(MainSection, row.Name);
+    WriteRows(Into, MainSection, rows);
 }
 
 void SaveViewSettings(SettingsStore& Into, const Preferences& Written)

@@ -44,6 +44,8 @@ Preferences ReadPreferences(
 // All but what SaveViewSettings writes. The shared reference coefficients go with them.
 void WritePreferences(
     SettingsStore& Into, const Preferences& Written, const ZernikeSet& SharedReference);
+// What new documents are to tell, as one choice of the user's.
+void ChooseDefaultUserData(SettingsStore& Into, const Preferences& Written);
 // Which output views are shown, and where.
 void SaveViewSettings(SettingsStore& Into, const Preferences& Written);
 

@@ -259,6 +259,11 @@ void SettingsStore::TakeAsRead(
     m_given[std::string(Section)][std::string(Name)] = Value;
 }
 
+void SettingsStore::TakeAsChosen(std::string_view Section, std::string_view Name)
+{
+    m_given[std::string(Section)].erase(std::string(Name));
+}
+
 std::optional<std::string> SettingsStore::Find(
     std::string_view Section, std::string_view Name) const
 {

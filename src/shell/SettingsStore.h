@@ -73,6 +73,10 @@ public:
     // is no change of the user's.
     void TakeAsRead(std::string_view Section, std::string_view Name, std::string_view Value);
 
+    // The user chooses anew what stands under the name: what is saved next is a change of the
+    // user's, even if it is what the program was given.
+    void TakeAsChosen(std::string_view Section, std::string_view Name);
+
     // Brings what was changed into the file, whole or not at all. A file that can't be read, or
     // would grow beyond what is read, stays as it is, and the changes wait for the next Save.
     FileResult Save();

@@ -46,8 +46,13 @@ void Session::SetUserData(clsDocument& Of, const UserData& Typed, bool AsDefault
         Of.Modified = true;
     }
     Prefs.SetAsDefault = AsDefault;
-    if (AsDefault)
+    if (AsDefault) {
         Prefs.DefaultUserData = taken;
+        if (m_settings) {
+            ChooseDefaultUserData(*m_settings, Prefs);
+            m_settings->Save(); // what fails is tried, and told, again at the end
+        }
+    }
     m_frame.UpdateMainFrame();
     if (!isWhole)
         ShowMessage("Only the first " + std::to_string(LongestText)

@@ -103,7 +103,8 @@ public:
     // in front it stays as it is.
     void CopyText();
     // Of longer texts than a document keeps the start, and the user is told. With AsDefault they are
-    // those of new documents too. A document that has been closed meanwhile changes nothing.
+    // those of new documents too, all of them together, whatever another program has made the
+    // default meanwhile. A document that has been closed meanwhile changes nothing.
     void SetUserData(clsDocument& Of, const UserData& Typed, bool AsDefault);
     // The analysis of Target with the options of the box; false if a warning ended it.
     bool ApplyAnalysis(clsDocument& Target);

@@ -86,6 +86,23 @@ TEST_F(modEdit, UserDataAreNoLongerThanADocumentKeeps)
     EXPECT_EQ(read->Optic.Comments.back(), kept.back());
 }
 
+// Two programs, each with a choice of its own: the later one stands, and is no mixture.
+TEST(DefaultUserData, AreOneChoice)
+{
+    const TemporaryFolder folder;
+    WriteWholeFile(folder / "settings.ini", "[CurrentVersion]\nDescription = f/4\nOperator = M\n");
+    SettingsStore oneStore(folder / "settings.ini"), otherStore(oneStore.Path());
+    SilentSession one, other;
+    one.Main.ReadSettings(oneStore, {}, "May 5");
+    other.Main.ReadSettings(otherStore, {}, "May 5");
+    one.Main.SetUserData(*one.Main.NewDocument(), {"f/8", "", "Ada", "new"}, true);
+    other.Main.SetUserData(*other.Main.NewDocument(), {"f/4", "", "Grace", ""}, true);
+    one.Main.WriteSettings(oneStore);
+    ASSERT_TRUE(oneStore.Save());
+    SettingsStore next(oneStore.Path());
+    EXPECT_EQ(ReadPreferences(next, {}, "").DefaultUserData, (UserData{"f/4", "", "Grace", ""}));
+}
+
 TEST_F(modEdit, UserDataOfAClosedDocumentGoNowhere)
 {
     const auto closed = Main.NewDocument();
