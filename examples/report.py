@@ -8,10 +8,8 @@ Outlines and the direction of the fringes come from the .json beside the picture
 say otherwise for this run.
 """
 import argparse
-import os
 import signal
 import sys
-import tempfile
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "python"))
@@ -32,12 +30,10 @@ def main():
     options = parse_options()
     try:
         options.out.mkdir(parents=True, exist_ok=True)
-        with tempfile.TemporaryDirectory() as folder:
-            set_up_page(Path(folder), options)
-            with morvane.launch(options.program):
-                doc = morvane.MorvaneDoc()
-                set_up_analysis(doc)
-                done = [print_safely(doc, picture, options.out) for picture in options.pictures]
+        with morvane.launch(options.program, settings=page_setup(options)):
+            doc = morvane.MorvaneDoc()
+            set_up_analysis(doc)
+            done = [print_safely(doc, picture, options.out) for picture in options.pictures]
     except (morvane.MorvaneError, morvane.ServerError, OSError) as error:
         sys.exit(f"report.py: {error}")
     except KeyboardInterrupt:
@@ -80,24 +76,15 @@ def set_up_analysis(doc):
         doc.Remove[term] = term in ("TILT", "DEFOCUS")
 
 
-def set_up_page(folder, options):
-    """Gives the program that is to be launched a copy of the user's settings with this page.
-
-    A copy, so that the options of this run do not become the user's.
-    """
-    home = os.environ.get("XDG_CONFIG_HOME") or Path.home() / ".config"
-    kept = Path(home) / "morvane" / "settings.ini"
-    lines = ["[CurrentVersion]"]  # a value that stands twice counts where it stands last
+def page_setup(options):
+    """The page of this run, where it differs from the user's."""
+    lines = ["[CurrentVersion]"]
     if options.panes:
         lines.append(f"Number of Panes = {len(options.panes)}")
         lines += [f"Pane {i} = {PANES.index(name)}" for i, name in enumerate(options.panes, 1)]
     if options.landscape:
         lines.append("Page Orientation = 2")
-    own = folder / "morvane" / "settings.ini"
-    own.parent.mkdir()
-    before = kept.read_text(encoding="utf-8", errors="replace") if kept.is_file() else ""
-    own.write_text(before + "\n" + "\n".join(lines) + "\n", encoding="utf-8")
-    os.environ["XDG_CONFIG_HOME"] = str(folder)
+    return "\n".join(lines)
 
 
 def pane_list(text):

@@ -25,7 +25,10 @@ constexpr const char* Usage =
     "\n"
     "  -Embedding  start with no document, to serve scripts\n"
     "  --help      show this text\n"
-    "  --version   show the version\n";
+    "  --version   show the version\n"
+    "\n"
+    "MORVANE_SETTINGS in the environment names a file to be used in place of the user's "
+    "settings.\n";
 
 bool HasDisplay(int Count, char** Arguments)
 {

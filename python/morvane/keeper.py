@@ -2,8 +2,8 @@
 
 Runs as a process of its own between script and program: the pipe on its standard input closes when
 the script ends, even when that is killed, and then nothing is left running and no file behind.
-Standard output carries the address of the bus on the first line and, at the end, the last words of
-the program if it failed.
+The program works on a copy of the user's settings, which goes too. Standard output carries the
+address of the bus on the first line and, at the end, the last words of the program if it failed.
 """
 import ctypes
 import os
@@ -18,6 +18,7 @@ _LONGEST_FOLDER = 80  # characters; the name of a socket has room for 108 in all
 _LAST_WORDS = 4000  # bytes
 _PATIENCE = 5.0  # seconds from the request to end until the program is killed
 _PR_SET_PDEATHSIG = 1
+_SETTINGS = "settings.ini"  # in the folder of the bus
 
 # No folders of services: nothing but the one program ever appears on this bus.
 _BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
@@ -34,16 +35,40 @@ _BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bu
 """
 
 
-def main(program):
+def main(program, settings):
     folder = tempfile.mkdtemp(
         prefix="morvane-", dir="/tmp" if len(tempfile.gettempdir()) > _LONGEST_FOLDER else None
     )
     try:
+        _copy_settings(folder, settings)
         _say(_run(program, folder))
     except OSError as error:
         _say(str(error))
     finally:
         shutil.rmtree(folder, ignore_errors=True)
+
+
+def _copy_settings(folder, more):
+    """The user's settings as they are now, or none if they cannot be read, with more lines behind
+    them: a value that stands twice counts where it stands last."""
+    kept = b""
+    path = _settings_path()
+    if os.path.isfile(path) and os.access(path, os.R_OK):
+        with open(path, "rb") as file:
+            kept = file.read() + b"\n"
+    with open(os.path.join(folder, _SETTINGS), "wb") as file:
+        file.write(kept + os.fsencode(more))
+
+
+def _settings_path():
+    """Where the program itself looks for them."""
+    own = os.environ.get("MORVANE_SETTINGS")
+    if own:
+        return own
+    root = os.environ.get("XDG_CONFIG_HOME", "")
+    if not root.startswith("/"):
+        root = os.path.join(os.environ.get("HOME", ""), ".config")
+    return os.path.join(root, "morvane", "settings.ini")
 
 
 def _run(program, folder):
@@ -55,7 +80,11 @@ def _run(program, folder):
             return _last(words)
         server = _start(
             [program, "-Embedding"],
-            env={**os.environ, "DBUS_SESSION_BUS_ADDRESS": address},
+            env={
+                **os.environ,
+                "DBUS_SESSION_BUS_ADDRESS": address,
+                "MORVANE_SETTINGS": os.path.join(folder, _SETTINGS),
+            },
             stdin=subprocess.DEVNULL,
             stdout=words,
             stderr=words,
@@ -115,4 +144,4 @@ def _say(text):
 
 
 if __name__ == "__main__":
-    main(sys.argv[1])
+    main(*sys.argv[1:])

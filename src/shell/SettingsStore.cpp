@@ -146,6 +146,8 @@ std::vector<std::string> MergedList(const std::vector<std::string>& Before,
 
 std::string SettingsPath()
 {
+    if (const char* const own = std::getenv("MORVANE_SETTINGS"); own != nullptr && *own != 0)
+        return own;
     const char* const folder = std::getenv("XDG_CONFIG_HOME");
     const char* const home = std::getenv("HOME");
     // A relative folder is not valid, says the XDG base directory standard.

@@ -21,7 +21,8 @@
 
 namespace morvane {
 
-// "morvane/settings.ini" in the user's folder for settings.
+// "morvane/settings.ini" in the user's folder for settings, or the file that the environment names
+// in MORVANE_SETTINGS.
 std::string SettingsPath();
 
 inline constexpr std::int32_t NoLongRange = 2147483647;

@@ -15,6 +15,8 @@ PROGRAM = os.environ.get("MORVANE_PROGRAM")
 # The settings of whoever runs the tests are not to be touched.
 _settings = tempfile.TemporaryDirectory()
 os.environ["XDG_CONFIG_HOME"] = _settings.name
+os.environ.pop("MORVANE_SETTINGS", None)
+SETTINGS = Path(_settings.name, "morvane", "settings.ini")
 
 sys.path.insert(0, str(ROOT / "python"))
 
@@ -26,7 +28,7 @@ class ServerTest(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
-        shutil.rmtree(os.path.join(_settings.name, "morvane"), ignore_errors=True)
+        shutil.rmtree(SETTINGS.parent, ignore_errors=True)
         cls.server = morvane.launch(PROGRAM)
         cls.addClassCleanup(cls.server.close)
 

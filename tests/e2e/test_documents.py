@@ -1,9 +1,11 @@
 """Documents and settings through the program from outside: what was saved comes back."""
 import os
 import shutil
+import tempfile
 import unittest
+from pathlib import Path
 
-from support import MIRROR, PROGRAM, ServerTest, morvane, prepare
+from support import MIRROR, PROGRAM, ROOT, SETTINGS, ServerTest, morvane, prepare
 
 
 class DocumentTest(ServerTest):
@@ -75,29 +77,47 @@ class DocumentTest(ServerTest):
 
 class SettingsTest(unittest.TestCase):
     def setUp(self):
-        shutil.rmtree(os.path.join(os.environ["XDG_CONFIG_HOME"], "morvane"), ignore_errors=True)
+        shutil.rmtree(SETTINGS.parent, ignore_errors=True)
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.program = Path(folder.name, "morvane")  # as started by hand: on the user's settings
+        program = PROGRAM or ROOT / "build" / "release" / "morvane"
+        self.program.write_text(f'#!/bin/sh\nunset MORVANE_SETTINGS\nexec "{program}" "$@"\n')
+        self.program.chmod(0o755)
+
+    def test_a_script_changes_none_of_the_users(self):
+        SETTINGS.parent.mkdir()
+        kept = "[CurrentVersion]\nMainLeft = 3000\n[Analyze]\nOutput WL = 550"
+        SETTINGS.write_text(kept)
+        with morvane.launch(PROGRAM, settings="[Analyze]\nInput WL = 532") as server:
+            doc = morvane.MorvaneDoc(server)
+            self.assertEqual((doc.OutputWavelength, doc.InputWavelength), (550, 532))
+            doc.OutputWavelength = 500
+            doc.Load(MIRROR)
+        self.assertEqual(SETTINGS.read_text(), kept)
+        self.assertEqual(os.listdir(SETTINGS.parent), [SETTINGS.name])
 
     def test_options_come_back_in_the_next_program(self):
-        with morvane.launch(PROGRAM) as server:
+        with morvane.launch(self.program) as server:
             doc = morvane.MorvaneDoc(server)
             self.assertEqual(doc.ScaleFactor, 0.5)
             self.assertTrue(doc.Remove["TILT"])
             doc.ScaleFactor = 0.25
             doc.OutputWavelength = 500
             doc.Remove["TILT"] = False
-        with morvane.launch(PROGRAM) as server:
+        with morvane.launch(self.program) as server:
             doc = morvane.MorvaneDoc(server)
             self.assertEqual(doc.ScaleFactor, 0.25)
             self.assertEqual(doc.OutputWavelength, 500)
             self.assertFalse(doc.Remove["TILT"])
 
     def test_two_programs_keep_what_each_changed(self):
-        one, two = morvane.launch(PROGRAM), morvane.launch(PROGRAM)
+        one, two = morvane.launch(self.program), morvane.launch(self.program)
         morvane.MorvaneDoc(one).OutputWavelength = 510
         morvane.MorvaneDoc(two).InputWavelength = 520
         one.close()
         two.close()
-        with morvane.launch(PROGRAM) as server:
+        with morvane.launch(self.program) as server:
             doc = morvane.MorvaneDoc(server)
             self.assertEqual((doc.OutputWavelength, doc.InputWavelength), (510, 520))
 

@@ -1,13 +1,10 @@
 """The printed report, as PDF, by the package and by the example script."""
-import os
 import subprocess
 import tempfile
 import unittest
 from pathlib import Path
 
-from support import EXAMPLES, MIRROR, PROGRAM, ServerTest, morvane, prepare
-
-SETTINGS = Path(os.environ["XDG_CONFIG_HOME"]) / "morvane" / "settings.ini"
+from support import EXAMPLES, MIRROR, PROGRAM, SETTINGS, ServerTest, morvane, prepare
 
 
 def text_of(pdf):

@@ -297,7 +297,7 @@ TEST(SettingsPath, FollowsTheUsersFolders)
         const char* const value = std::getenv(name);
         return value != nullptr ? std::optional<std::string>(value) : std::nullopt;
     };
-    const auto folder = get("XDG_CONFIG_HOME"), home = get("HOME");
+    const auto folder = get("XDG_CONFIG_HOME"), home = get("HOME"), own = get("MORVANE_SETTINGS");
     set("HOME", "/home/me");
     const struct {
         const char* Folder;
@@ -308,8 +308,14 @@ TEST(SettingsPath, FollowsTheUsersFolders)
         {"relative", "/home/me/.config/morvane/settings.ini"}};
     for (const auto& c : cases) {
         set("XDG_CONFIG_HOME", c.Folder);
-        EXPECT_EQ(SettingsPath(), c.Path);
+        for (const char* none : {static_cast<const char*>(nullptr), ""}) {
+            set("MORVANE_SETTINGS", none);
+            EXPECT_EQ(SettingsPath(), c.Path);
+        }
     }
+    set("MORVANE_SETTINGS", "/tmp/a copy");
+    EXPECT_EQ(SettingsPath(), "/tmp/a copy");
+    set("MORVANE_SETTINGS", own ? own->c_str() : nullptr);
     set("XDG_CONFIG_HOME", folder ? folder->c_str() : nullptr);
     set("HOME", home ? home->c_str() : nullptr);
 }
