@@ -219,7 +219,7 @@ void frmMain::changeEvent(QEvent* Event)
     if (Event->type() == QEvent::WindowStateChange && m_isGrown && !isMaximized()
         && !isMinimized()) {
         m_isGrown = false;
-        TakeKeptSize();
+        TakeKeptPlace();
     }
 }
 
@@ -254,8 +254,6 @@ void frmMain::showEvent(QShowEvent* Event)
     if (m_placed || !m_session)
         return;
     m_placed = true;
-    if (!IsReachable(frameGeometry()))
-        move(screen()->availableGeometry().topLeft());
     for (ToolWindow* const window : m_toolWindows)
         QMetaObject::invokeMethod(window, &ToolWindow::Restore, Qt::QueuedConnection);
 }

@@ -70,7 +70,7 @@ private:
     void AddToolWindow(Form* Window, const char* Command, const ToolWindowKeeping& Kept,
         ToolWindow::FirstPlace First);
     QRect AreaOnScreen() const;
-    void TakeKeptSize();
+    void TakeKeptPlace();
 
     QAction& Add(QMenu& To, const char* Name, const char* Caption, Action Act);
     // The rule says when it is enabled and checked.
@@ -129,7 +129,7 @@ private:
     QList<ToolWindow*> m_toolWindows;
     QActionGroup* m_windowList = nullptr;
     bool m_placed = false;
-    bool m_isGrown = false; // a normal size is still to be given to it
+    bool m_isGrown = false; // its normal place is still to be given to it
     bool m_hourglass = false;
     bool m_isClosing = false;
 

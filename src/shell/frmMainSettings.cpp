@@ -20,8 +20,7 @@ int PixelsOf(int Twips)
 void frmMain::ReadSettings()
 {
     m_kept = ReadMainWindow(*m_settings, Screens());
-    TakeKeptSize();
-    move(PixelsOf(m_kept.Left), PixelsOf(m_kept.Top));
+    TakeKeptPlace();
     if (m_kept.State == WindowState::Maximized) {
         // What comes up before the window system has maximised it finds the room that there will
         // be.
@@ -36,9 +35,14 @@ void frmMain::ReadSettings()
         window->ReadSettings(*m_settings, m_kept);
 }
 
-void frmMain::TakeKeptSize()
+// In the corner of the screen if the user couldn't get at it where it was left. Tested before it is
+// shown: a window system that is just placing it takes a move for one of the part in its frame.
+void frmMain::TakeKeptPlace()
 {
-    resize(PixelsOf(m_kept.Width), PixelsOf(m_kept.Height));
+    const QSize size(PixelsOf(m_kept.Width), PixelsOf(m_kept.Height));
+    resize(size.expandedTo(minimumSizeHint()));
+    const QPoint kept(PixelsOf(m_kept.Left), PixelsOf(m_kept.Top));
+    move(IsReachable({kept, this->size()}) ? kept : screen()->availableGeometry().topLeft());
 }
 
 FileResult frmMain::WriteSettings()

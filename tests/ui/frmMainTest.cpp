@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -7,6 +8,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMimeData>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
@@ -247,6 +249,53 @@ TEST_F(frmMainCommands, PlaceAndBoxesComeBackWithTheNextRun)
     EXPECT_FALSE(next.findChild<QToolBar*>("tbToolbar")->isVisible());
     EXPECT_FALSE(next.statusBar()->isVisible());
     EXPECT_FALSE(next.findChild<QAction*>("mnuViewToolbar")->isChecked());
+}
+
+TEST(frmMainPlace, CanBeReachedAndOutlastsAMaximisedSession)
+{
+    const QPoint corner = QApplication::primaryScreen()->availableGeometry().topLeft();
+    const struct {
+        const char* Name;
+        const char* Kept;
+        QPoint Place;
+        std::optional<QSize> Size;
+    } cases[] = {
+        {"out of reach", "MainLeft = 999999\nMainTop = 999999\n", corner, std::nullopt},
+        {"no width", "MainLeft = 300\nMainTop = 150\nMainWidth = 0\n", {20, 10}, std::nullopt},
+        {"maximised",
+            "MainState = 2\nMainLeft = 300\nMainTop = 150\nMainWidth = 9000\n"
+            "MainHeight = 7500\n",
+            {20, 10}, QSize(600, 500)},
+    };
+    for (const auto& c : cases) {
+        const QTemporaryDir folder;
+        const std::string file = folder.filePath("settings.ini").toStdString();
+        WriteWholeFile(file, std::string("[CurrentVersion]\n") + c.Kept);
+        SettingsStore kept(file);
+        NotingAnswerer user;
+        frmMain frame;
+        Session session(user, frame);
+        session.ReadSettings(kept, Screens(), "");
+        frame.Attach(session, kept);
+        frame.show();
+        QTest::qWait(0);
+        if (frame.isMaximized())
+            frame.showNormal();
+        QTest::qWait(0);
+        EXPECT_EQ(frame.pos(), c.Place) << c.Name;
+        EXPECT_GE(frame.width(), frame.minimumSizeHint().width()) << c.Name;
+        EXPECT_EQ(frame.size(), c.Size.value_or(frame.size())) << c.Name;
+        frame.close();
+    }
+}
+
+TEST_F(frmMainCommands, SettingsThatCannotBeWrittenAreToldAtTheEnd)
+{
+    QFile::remove(Folder.filePath("settings.ini"));
+    QDir(Folder.path()).mkdir("settings.ini");
+    Frame.close();
+    ASSERT_EQ(User.Messages.size(), 1u);
+    EXPECT_EQ(User.Messages[0].Text.find("Could not save the settings in " + SettingsFile()), 0u);
 }
 
 } // namespace
