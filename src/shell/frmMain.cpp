@@ -29,20 +29,14 @@
 namespace morvane {
 namespace {
 
-QStringList LocalFiles(const QMimeData& Dropped)
-{
-    QStringList paths;
-    for (const QUrl& url : Dropped.urls())
-        if (url.isLocalFile())
-            paths.append(url.toLocalFile());
-    return paths;
-}
-
-std::vector<std::string> ToPaths(const QStringList& Paths)
+// The bytes of the names as they stand in the URLs: not every name of a file is UTF-8.
+std::vector<std::string> LocalFiles(const QMimeData& Dropped)
 {
     std::vector<std::string> paths;
-    for (const QString& path : Paths)
-        paths.push_back(path.toStdString());
+    for (const QUrl& url : Dropped.urls())
+        if (url.isLocalFile())
+            paths.push_back(QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toUtf8())
+                                .toStdString());
     return paths;
 }
 
@@ -283,7 +277,7 @@ void frmMain::EndUnasked()
 
 void frmMain::dragEnterEvent(QDragEnterEvent* Event)
 {
-    if (LocalFiles(*Event->mimeData()).isEmpty())
+    if (LocalFiles(*Event->mimeData()).empty())
         return;
     Event->setDropAction(Qt::CopyAction);
     Event->accept();
@@ -293,7 +287,7 @@ void frmMain::dropEvent(QDropEvent* Event)
 {
     Event->setDropAction(Qt::CopyAction);
     Event->accept();
-    OpenQueued(ToPaths(LocalFiles(*Event->mimeData())));
+    OpenQueued(LocalFiles(*Event->mimeData()));
 }
 
 } // namespace morvane

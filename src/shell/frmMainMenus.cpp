@@ -102,12 +102,9 @@ void frmMain::MakeFileMenu()
 
 void frmMain::MakeRecentFiles(QMenu& In)
 {
-    for (QAction*& entry : m_recentFiles) {
-        entry = In.addAction("");
-        entry->setObjectName("mnuFileMRU");
-        connect(entry, &QAction::triggered, this,
-            [this, entry] { OpenQueued({entry->data().toString().toStdString()}); });
-    }
+    for (std::size_t i = 0; i < m_recentFiles.size(); ++i)
+        m_recentFiles[i] =
+            &Add(In, "mnuFileMRU", "", [this, i] { OpenQueued({m_session->Recent.Paths()[i]}); });
     // The tips of the other items are the tool bar's.
     connect(&In, &QMenu::hovered, this,
         [&In](const QAction* on) { In.setToolTipsVisible(on->objectName() == "mnuFileMRU"); });
@@ -123,10 +120,8 @@ void frmMain::ShowRecentFiles()
         entry.setVisible(i < paths.size());
         if (!entry.isVisible())
             continue;
-        const QString path = QString::fromStdString(paths[i]);
         entry.setText(QString::fromStdString(FileTitle(paths[i], false)).replace("&", "&&"));
-        entry.setToolTip(path);
-        entry.setData(path);
+        entry.setToolTip(QString::fromStdString(paths[i]));
     }
     m_recentBar->setVisible(!paths.empty());
 }

@@ -1,3 +1,5 @@
+#include <cstdio>
+
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -22,6 +24,14 @@ class frmMainCommands : public testing::Test, public Desk {
 protected:
     bool Enabled(const char* Action) { return Find<QAction>(Action).isEnabled(); }
     QMdiArea& Area() { return *Frame.findChild<QMdiArea*>(); }
+    void Drop(const QMimeData& Files)
+    {
+        QDragEnterEvent enter({300, 300}, Qt::CopyAction, &Files, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&Frame, &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent drop({300, 300}, Qt::CopyAction, &Files, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&Frame, &drop);
+    }
 };
 
 TEST_F(frmMainCommands, FollowTheOpenDocuments)
@@ -78,15 +88,28 @@ TEST_F(frmMainCommands, DroppedFilesAreOpened)
     for (const int width : {30, 40})
         files.setUrls(
             files.urls() << QUrl::fromLocalFile(QString::fromStdString(WritePicture(width, 20))));
-    QDragEnterEvent enter({300, 300}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&Frame, &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop({300, 300}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&Frame, &drop);
+    Drop(files);
     EXPECT_EQ(Session.NumOpenDocuments(), 0) << "the program dragged from must not wait";
     Settle();
     ASSERT_EQ(Session.NumOpenDocuments(), 2);
     EXPECT_EQ(Session.Document(1)->GetImageSize().Width, 30) << "in the order delivered";
+}
+
+// From another system, or of an old camera.
+TEST_F(frmMainCommands, FilesWhoseNamesAreNotUtf8AreOpenedAndAgain)
+{
+    const std::string path = Folder.path().toStdString() + "/lat\xE9 50%.bmp";
+    ASSERT_EQ(std::rename(WritePicture(30, 20).c_str(), path.c_str()), 0);
+    QMimeData files;
+    files.setUrls(
+        {QUrl::fromEncoded("file://" + QByteArray::fromStdString(path).toPercentEncoding("/"))});
+    Drop(files);
+    Settle();
+    ASSERT_EQ(Session.NumOpenDocuments(), 1);
+    Frame.findChildren<QAction*>("mnuFileMRU").first()->trigger();
+    Settle();
+    EXPECT_EQ(Session.NumOpenDocuments(), 2);
+    EXPECT_TRUE(User.Messages.empty());
 }
 
 TEST_F(frmMainCommands, WindowMenuListsWhatIsShown)
