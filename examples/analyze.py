@@ -43,7 +43,8 @@ def main():
     options = parse_options()
     failures = 0
     try:
-        with morvane.launch(options.program) as server:
+        settings = None if options.keep_open else ""  # the window becomes the user's
+        with morvane.launch(options.program, settings=settings) as server:
             doc = None
             for picture in options.pictures:
                 if doc is None or options.keep_open:

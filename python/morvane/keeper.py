@@ -2,8 +2,9 @@
 
 Runs as a process of its own between script and program: the pipe on its standard input closes when
 the script ends, even when that is killed, and then nothing is left running and no file behind.
-The program works on a copy of the user's settings, which goes too. Standard output carries the
-address of the bus on the first line and, at the end, the last words of the program if it failed.
+The program works on a copy of the user's settings, which goes too; without lines for that copy, on
+the settings themselves. Standard output carries the address of the bus on the first line and, at
+the end, the last words of the program if it failed.
 """
 import ctypes
 import os
@@ -35,20 +36,23 @@ _BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bu
 """
 
 
-def main(program, settings):
+def main(program, settings=None):
     folder = tempfile.mkdtemp(
         prefix="morvane-", dir="/tmp" if len(tempfile.gettempdir()) > _LONGEST_FOLDER else None
     )
     try:
-        _copy_settings(folder, settings)
-        _say(_run(program, folder))
+        environment = {}
+        if settings is not None:
+            environment["MORVANE_SETTINGS"] = os.path.join(folder, _SETTINGS)
+            _copy_settings(environment["MORVANE_SETTINGS"], settings)
+        _say(_run(program, folder, environment))
     except OSError as error:
         _say(str(error))
     finally:
         shutil.rmtree(folder, ignore_errors=True)
 
 
-def _copy_settings(folder, more):
+def _copy_settings(copy, more):
     """The user's settings as they are now, or none if they cannot be read, with more lines behind
     them: a value that stands twice counts where it stands last."""
     kept = b""
@@ -56,7 +60,7 @@ def _copy_settings(folder, more):
     if os.path.isfile(path) and os.access(path, os.R_OK):
         with open(path, "rb") as file:
             kept = file.read() + b"\n"
-    with open(os.path.join(folder, _SETTINGS), "wb") as file:
+    with open(copy, "wb") as file:
         file.write(kept + os.fsencode(more))
 
 
@@ -71,7 +75,7 @@ def _settings_path():
     return os.path.join(root, "morvane", "settings.ini")
 
 
-def _run(program, folder):
+def _run(program, folder, environment):
     """Runs both until one is over; the last words of the one that failed."""
     words = open(os.path.join(folder, "words"), "w+b")
     bus, address = _start_bus(folder, words)
@@ -80,11 +84,7 @@ def _run(program, folder):
             return _last(words)
         server = _start(
             [program, "-Embedding"],
-            env={
-                **os.environ,
-                "DBUS_SESSION_BUS_ADDRESS": address,
-                "MORVANE_SETTINGS": os.path.join(folder, _SETTINGS),
-            },
+            env={**os.environ, **environment, "DBUS_SESSION_BUS_ADDRESS": address},
             stdin=subprocess.DEVNULL,
             stdout=words,
             stderr=words,

@@ -62,9 +62,10 @@ class Launch(Server):
     """A private Morvane, made by launch(). Ends by close(), at the end of its `with` block, and
     with the script, however that ends. Its bus is found at `address`."""
 
-    def __init__(self, program: str, timeout: float, settings: str):
+    def __init__(self, program: str, timeout: float, settings: str | None):
+        keeper = [sys.executable, "-I", str(Path(__file__).with_name("keeper.py")), program]
         self._keeper = subprocess.Popen(
-            [sys.executable, "-I", str(Path(__file__).with_name("keeper.py")), program, settings],
+            keeper if settings is None else [*keeper, settings],
             stdin=subprocess.PIPE,
             stdout=subprocess.PIPE,
             text=True,
@@ -128,8 +129,8 @@ class Launch(Server):
         return ServerError(self._report("Morvane has ended"))
 
     def wait(self) -> None:
-        """Waits until the user has closed the program. What they change in its settings, the tool
-        box's outlines among them, ends with it."""
+        """Waits until the user has closed the program. What they change in its settings is kept only
+        if it was launched with settings=None."""
         self._keeper.wait()
 
     def close(self) -> None:
@@ -149,7 +150,7 @@ class Launch(Server):
         self.close()
 
 
-def launch(program=None, timeout: float = 60.0, settings: str = "") -> Launch:
+def launch(program=None, timeout: float = 60.0, settings: str | None = "") -> Launch:
     """Starts a private Morvane on a bus of its own, without a screen when there is no display.
 
     program: the file to run; by default the release build beside this package, else "morvane" on
@@ -157,7 +158,8 @@ def launch(program=None, timeout: float = 60.0, settings: str = "") -> Launch:
 
     It has the user's settings as a copy of its own, so that neither the options that a script sets
     nor the files that it opens become the user's. settings: lines of a settings file that hold
-    for this launch, such as "[CurrentVersion]\\nNumber of Panes = 2".
+    for this launch, such as "[CurrentVersion]\\nNumber of Panes = 2". None: the user's own settings,
+    for a program whose window is left to the user.
 
     Any number of launches may run, in one script or in many; they never meet. MorvaneDoc() uses
     the newest open one of the script.

@@ -292,8 +292,7 @@ double clsDocument::LeastProfileSpan() const
 
 void clsDocument::RefreshLineViewData(int Angle)
 {
-    // A trace may have left another mask than that of the results.
-    if (m_maps.ProfileX.empty() || !OutputViewsExist() || !EnsureMask())
+    if (m_maps.ProfileX.empty() || !OutputViewsExist() || (!m_masksResults && !EnsureMask()))
         return;
     LineProfileAngle = Angle;
     FillProfile(m_maps);

@@ -175,6 +175,7 @@ bool clsDocument::AutoTraceFringes(FringeDirection Direction, FringeDensity Dens
     TraceOutcome outcome;
     {
         const HourglassScope hourglass(m_host);
+        m_masksResults = false;
         if (!Analysis.EnsureTraceMask(m_size, Aperture, Obstruction))
             return false;
         outcome = AutoTrace(Fringes, Analysis.Mask, m_image.Pixels, m_size, Direction, Density);
@@ -190,6 +191,7 @@ bool clsDocument::AutoTraceFringes(FringeDirection Direction, FringeDensity Dens
 
 bool clsDocument::EnsureMask()
 {
+    m_masksResults = m_masksResults && Analysis.Mask.MaskValid;
     return m_size.Width != NoSize && m_size.Height != NoSize
         && Analysis.EnsureMask(m_size, Aperture, Obstruction, TrimEdges);
 }
@@ -233,7 +235,7 @@ bool clsDocument::UpdateAnalysis(bool WithAberrations, bool TakeGlobalSizes)
         RefuseResults();
         return false;
     }
-    AnalysisValid = true;
+    AnalysisValid = m_masksResults = true;
     maps.Unit = ScaleMode;
     maps.DisplayScale = DisplayScale;
     FillMaps(maps);

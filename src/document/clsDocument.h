@@ -269,6 +269,7 @@ private:
     ZernikeSet m_zernikes{}, m_zernikeFiltered{}, m_refZernikes{};
     WNotation m_wNotation{};
     AnalysisMaps m_maps;
+    bool m_masksResults = false; // the mask is that of the maps, whatever has become of the shapes
     std::string m_shownAberrations;
     std::unique_ptr<ImageWindow> m_imageView;
     std::unique_ptr<ProfileWindow> m_lineProfileView;

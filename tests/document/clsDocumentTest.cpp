@@ -456,6 +456,11 @@ TEST_F(clsDocumentAllViews, AnotherAngleRenewsTheProfileAlone)
     EXPECT_TRUE(document.Modified);
     EXPECT_GT(alongX, 0.4);
     EXPECT_NEAR(document.Maps().ProfileY.back(), 0, 1e-12) << "across the tilt it is level";
+
+    document.Aperture.Delete();
+    document.InvalidateMask();
+    document.RefreshLineViewData(0);
+    EXPECT_EQ(document.Maps().ProfileY.back(), alongX) << "the results are still shown";
 }
 
 TEST(DisplayScale, FollowsUnitAndWavelengths)

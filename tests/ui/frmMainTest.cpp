@@ -276,7 +276,8 @@ TEST_F(frmMainCommands, PlaceAndBoxesComeBackWithTheNextRun)
 
 TEST(frmMainPlace, CanBeReachedAndOutlastsAMaximisedSession)
 {
-    const QPoint corner = QApplication::primaryScreen()->availableGeometry().topLeft();
+    const QRect screen = QApplication::primaryScreen()->availableGeometry();
+    const QPoint corner = screen.topLeft();
     const struct {
         const char* Name;
         const char* Kept;
@@ -288,7 +289,7 @@ TEST(frmMainPlace, CanBeReachedAndOutlastsAMaximisedSession)
         {"maximised",
             "MainState = 2\nMainLeft = 300\nMainTop = 150\nMainWidth = 9000\n"
             "MainHeight = 7500\n",
-            {20, 10}, QSize(600, 500)},
+            {20, 10}, QSize(600, 500).boundedTo(screen.size())},
     };
     for (const auto& c : cases) {
         const QTemporaryDir folder;

@@ -71,8 +71,10 @@ QString MorvaneBus::ViewText(const QDBusObjectPath& Document, const QString& Vie
         LoadedDocument(Document, aberrations ? "read aberrations" : "read Zernike coefficients");
     if (!document)
         return {};
+    if (!aberrations)
+        return QString::fromStdString(ZernikesText(*document));
     return QString::fromStdString(
-        aberrations ? AberrationsText(*document) : ZernikesText(*document));
+        document->OutputViewsExist() ? document->ShownAberrations() : AberrationsText(*document));
 }
 
 void MorvaneBus::PrintReport(const QDBusObjectPath& Document, const QString& Pdf)

@@ -7,7 +7,10 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <cstdint>
 #include <optional>
+
+#include <langinfo.h>
 
 #include "platform/File.h"
 #include "platform/qt/PageDevice.h"
@@ -28,11 +31,14 @@ QMarginsF PdfMargins()
     return {PdfEdge, PdfEdge, PdfEdge, PdfEdge};
 }
 
-// The paper that the user's country writes on.
+// The paper that the user's country writes on: as the system's locale tells its width or, where
+// that locale is not installed, by its name.
 QPageSize UsualPaper()
 {
+    constexpr std::intptr_t letterWidth = 216; // mm
+    const auto width = reinterpret_cast<std::intptr_t>(nl_langinfo(_NL_PAPER_WIDTH));
     const bool american = QLocale().measurementSystem() == QLocale::ImperialUSSystem;
-    return QPageSize(american ? QPageSize::Letter : QPageSize::A4);
+    return QPageSize(american || width == letterWidth ? QPageSize::Letter : QPageSize::A4);
 }
 
 // The page is whole before the file is touched.
