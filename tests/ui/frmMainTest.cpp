@@ -110,6 +110,7 @@ TEST_F(frmMainCommands, FilesWhoseNamesAreNotUtf8AreOpenedAndAgain)
     Settle();
     EXPECT_EQ(Session.NumOpenDocuments(), 2);
     EXPECT_TRUE(User.Messages.empty());
+    std::remove(path.c_str()); // the temporary folder cannot do it
 }
 
 TEST_F(frmMainCommands, WindowMenuListsWhatIsShown)
