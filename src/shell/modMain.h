@@ -102,8 +102,8 @@ public:
     // What is selected in the active text view, or all of it, to the clipboard; with another view
     // in front it stays as it is.
     void CopyText();
-    // Of longer texts than a document keeps the start, and the user is told. With AsDefault they are
-    // those of new documents too, all of them together, whatever another program has made the
+    // Of longer texts than a document keeps the start, and the user is told. With AsDefault they
+    // are those of new documents too, all of them together, whatever another program has made the
     // default meanwhile. A document that has been closed meanwhile changes nothing.
     void SetUserData(clsDocument& Of, const UserData& Typed, bool AsDefault);
     // The analysis of Target with the options of the box; false if a warning ended it.

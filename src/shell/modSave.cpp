@@ -120,7 +120,8 @@ bool Session::MayTakePicture(const std::string& Path, bool ReplacesDocument, con
     if (!FileExistsAt(Path))
         return true;
     const bool isOwn = Of.PicturePath == Path;
-    return (isOwn ? Of.MayReplacePicture : ReplacesDocument && !Of.LacksPicture) || MayReplace(Path, "Save File As");
+    return (isOwn ? Of.MayReplacePicture : ReplacesDocument && !Of.LacksPicture)
+        || MayReplace(Path, "Save File As");
 }
 
 // Whoever else shows this file has the only copy of its picture now.
