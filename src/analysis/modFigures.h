@@ -28,8 +28,8 @@ inline constexpr FiguresOfMerit NoFigures{
 
 // Samples the wavefront at the nodes of a grid over the pupil's square that fall on inside cells.
 // Fewer than two of them give 0 for all three, a wavefront whose squares leave the range of double
-// gives NaN. Figures keeps its values if the grid is below 2 by
-// 2, there is no mask, or the pupil is not defined.
+// gives NoFigures. Figures keeps its values if the grid is below 2 by 2, there is no mask, or the
+// pupil is not defined.
 // Strehl = exp(-(2 pi RMS)^2), the extended Marechal approximation (Mahajan 1983).
 void EvalAberrations(const ZernikeSet& Coefficients, const MaskView& Mask, const Pupil& Frame,
     int GridWidth, int GridHeight, FiguresOfMerit& Figures);
