@@ -107,14 +107,13 @@ Raised<bool> MorvaneDoc::Save(const Variant& Path)
         if (!document)
             return false;
         const std::string path = AbsolutePath(*given);
-        document->MayReplacePicture = true; // nobody is there to be asked
-        return m_session.WriteDocument(
-            FileExtension(path).empty() ? path + ".mvd" : path, *document);
+        return m_session.WriteDocument(FileExtension(path).empty() ? path + ".mvd" : path,
+            *document, Session::Originals::Replace);
     }
     if (!document || document->FileName.empty())
         return AutomationError{
             ErrorInvalidPath, "Unless a document has already been saved, a path must be supplied."};
-    return m_session.SaveDocument(*document);
+    return m_session.SaveDocument(*document, Session::Originals::Replace);
 }
 
 Raised<bool> MorvaneDoc::Stretch(const Variant& Ratio)

@@ -85,8 +85,7 @@ public:
     std::string Directory; // of the file, without a separator at the end
     bool HasSourceFile = false;
     std::string PicturePath; // the file that holds the picture as it is, unless ImageDirty
-    // That file is no original of somebody's: this program has written it, or a script has said so.
-    bool MayReplacePicture = false;
+    bool MayReplacePicture = false; // that file is no original: it has been written from here
     bool BlankImage = false; // no picture
     bool LacksPicture = false; // its file tells of one that could not be had this time
     bool ImageDirty = false; // the picture differs from its file

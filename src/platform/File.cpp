@@ -133,6 +133,15 @@ FileResult FillFile(const FileDescriptor& file, const struct stat* replaced, std
     return {};
 }
 
+// In a folder such as /tmp only the owner may put another file in the place of one.
+bool IsKeptForOwner(const fs::path& folder, const struct stat& file)
+{
+    struct stat place { };
+    const uid_t self = geteuid();
+    return stat(folder.c_str(), &place) == 0 && (place.st_mode & S_ISVTX) != 0 && self != 0
+        && self != place.st_uid && self != file.st_uid;
+}
+
 } // namespace
 
 LineReader::LineReader(const std::string& Path)
@@ -230,6 +239,8 @@ FileResult StagedFile::Prepare(std::string_view bytes)
         // Renaming would get round the write protection of the file itself.
         if (faccessat(AT_FDCWD, m_target.c_str(), W_OK, AT_EACCESS) != 0)
             return LastFailure();
+        if (IsKeptForOwner(m_folder, existing))
+            return Failure(EPERM);
     }
     if (FileResult result = Create(); !result)
         return result;

@@ -150,11 +150,13 @@ public:
     // --- Saving. False if the user cancels or it fails; then the file that was there before still
     // is, and the document is still modified.
     enum class SaveMode { ImageOnly, Document };
+    // Whether a document's picture replaces the file that it was opened from without a question.
+    enum class Originals { Ask, Replace };
     // Writes the document and, where it has changed or lies elsewhere, its picture (mvd), or the
     // picture alone (bmp).
-    bool WriteDocument(const std::string& Path, clsDocument& Of);
+    bool WriteDocument(const std::string& Path, clsDocument& Of, Originals Opened = Originals::Ask);
     // To its own file, or to one that the user is asked for.
-    bool SaveDocument(clsDocument& Of);
+    bool SaveDocument(clsDocument& Of, Originals Opened = Originals::Ask);
     bool SaveAsDialog(clsDocument& Of, SaveMode Mode);
     // Asks whether to save what has changed, and does.
     bool SaveDocumentSettings(clsDocument& Of);
@@ -215,7 +217,8 @@ private:
     bool WriteBitmap(const std::string& Path, clsDocument& Of);
     void OthersLosePicture(const std::string& Path, const clsDocument& To);
     bool NeedsDocumentFile(const clsDocument& Of) const;
-    bool MayTakePicture(const std::string& Path, bool ReplacesDocument, const clsDocument& Of);
+    void OthersLoseFile(const std::string& Path, const clsDocument& To);
+    bool MayTakePicture(const std::string& Path, const clsDocument& Of, Originals Opened);
     bool WriteWithQuestion(const std::string& Path, const std::function<FileResult()>& Write);
     bool MayReplace(const std::string& Path, const std::string& Title);
     std::optional<std::string> AskExport(

@@ -140,7 +140,6 @@ bool Session::ReadDocument(clsDocument& Into, const std::string& Path, bool Quie
     Into.Directory = FileDirectory(Path);
     Into.HasSourceFile = true;
     const std::string problem = Into.BlankImage ? "" : ReadSidePicture(Into, Path);
-    Into.MayReplacePicture = true; // it goes with the document
     if (Into.BlankImage || !problem.empty()) {
         Into.Title = FileTitle(SidePicture(Path), false);
         Into.HasSourceFile = false;

@@ -1,4 +1,5 @@
 // Saving: the document's text and its picture beside it, the questions before, and the exports.
+#include <algorithm>
 #include <tuple>
 
 #include "shell/modFileLib.h"
@@ -24,6 +25,26 @@ std::string AsBitmapName(const std::string& Name)
     return IsPictureExtension(extension) ? WithExtension(Name, ".bmp") : Name + ".bmp";
 }
 
+// Whether the picture is not in that file as it is.
+bool NeedsPicture(const std::string& Path, const clsDocument& Of)
+{
+    return !Of.BlankImage && (Of.ImageDirty || Of.PicturePath != Path || !FileExistsAt(Path));
+}
+
+// Of a document that has one; a path that no file has otherwise.
+std::string FileOf(const clsDocument& Document)
+{
+    return Document.FileName.empty() ? "" : Document.Directory + "/" + Document.FileName;
+}
+
+// A point and behind it what somebody meant as an extension: "1.2" has none.
+bool HasExtension(const std::string& Path)
+{
+    const std::string extension = FileExtension(Path);
+    const auto isLetter = [](char c) { return c >= 'a' && c <= 'z'; };
+    return !extension.empty() && std::ranges::all_of(extension, isLetter);
+}
+
 } // namespace
 
 // Repeats Write until it succeeds or the user does not ask for that.
@@ -39,16 +60,15 @@ bool Session::WriteWithQuestion(const std::string& Path, const std::function<Fil
     }
 }
 
-bool Session::WriteDocument(const std::string& Path, clsDocument& Of)
+bool Session::WriteDocument(const std::string& Path, clsDocument& Of, Originals Opened)
 {
     const std::string extension = FileExtension(Path);
+    if (extension == "bmp")
+        return WriteBitmap(Path, Of);
     if (extension == "mvd")
-        return WriteTextAndPicture(Path, Of);
-    if (extension != "bmp") {
-        ShowMessage("Could not save " + Path + "\r\nUnknown file type.", MessageOk, "Save File As");
-        return false;
-    }
-    return WriteBitmap(Path, Of);
+        return MayTakePicture(Path, Of, Opened) && WriteTextAndPicture(Path, Of);
+    ShowMessage("Could not save " + Path + "\r\nUnknown file type.", MessageOk, "Save File As");
+    return false;
 }
 
 // A document that has a file of its own writes a copy, and all that it has to save stays so.
@@ -82,17 +102,19 @@ bool Session::WriteBitmap(const std::string& Path, clsDocument& Of)
 bool Session::WriteTextAndPicture(const std::string& Path, clsDocument& Of)
 {
     const std::string picture = SidePicture(Path);
-    const bool hasPicture =
-        !Of.BlankImage && !Of.ImageDirty && Of.PicturePath == picture && FileExistsAt(picture);
-    const bool writesPicture = !Of.BlankImage && !hasPicture;
-    if (writesPicture && !MayTakePicture(picture, FileExistsAt(Path), Of))
-        return false;
+    const bool writesPicture = NeedsPicture(picture, Of);
+    // What stands under another name is not the picture that could not be read.
+    const bool lacksPicture = Of.LacksPicture;
+    Of.LacksPicture = lacksPicture && Path == FileOf(Of);
     std::optional<StagedFile> text, bitmap;
     if (!WriteWithQuestion(Path, [&] { return Of.StageData(Path, text); })
         || (writesPicture
             && !WriteWithQuestion(picture, [&] { return Of.StageBMP(picture, bitmap); }))
-        || !WriteWithQuestion(Path, [&] { return text->Commit(); }))
+        || !WriteWithQuestion(Path, [&] { return text->Commit(); })) {
+        Of.LacksPicture = lacksPicture;
         return false;
+    }
+    OthersLoseFile(Path, Of);
     if (writesPicture) {
         if (!WriteWithQuestion(picture, [&] { return bitmap->Commit(); })) {
             Of.Modified = true;
@@ -113,23 +135,32 @@ bool Session::WriteTextAndPicture(const std::string& Path, clsDocument& Of)
     return true;
 }
 
-// An original, or a picture that stands there alone, must not go without a word; one beside a
-// document goes with the document.
-bool Session::MayTakePicture(const std::string& Path, bool ReplacesDocument, const clsDocument& Of)
+// An original, or a picture that stands there alone, must not go without a word. The picture of
+// another document goes with it: the user has been asked about that one.
+bool Session::MayTakePicture(const std::string& Path, const clsDocument& Of, Originals Opened)
 {
-    if (!FileExistsAt(Path))
+    const std::string picture = SidePicture(Path);
+    if (!NeedsPicture(picture, Of) || !FileExistsAt(picture))
         return true;
-    const bool isOwn = Of.PicturePath == Path;
-    return (isOwn ? Of.MayReplacePicture : ReplacesDocument && !Of.LacksPicture)
-        || MayReplace(Path, "Save File As");
+    const bool isOwn = Of.PicturePath == picture || Path == FileOf(Of);
+    const bool mayGo =
+        isOwn ? Of.MayReplacePicture || Opened == Originals::Replace : FileExistsAt(Path);
+    return mayGo || MayReplace(picture, "Save File As");
 }
 
-// Whoever else shows this file has the only copy of its picture now.
+// Whoever else shows this file has the only copy of its picture now, or of its text.
 void Session::OthersLosePicture(const std::string& Path, const clsDocument& To)
 {
     for (const auto& other : m_documents)
         if (other && other.get() != &To && other->PicturePath == Path)
             other->ImageDirty = true;
+}
+
+void Session::OthersLoseFile(const std::string& Path, const clsDocument& To)
+{
+    for (const auto& other : m_documents)
+        if (other && other.get() != &To && FileOf(*other) == Path)
+            other->Modified = true;
 }
 
 // Whether a picture file alone would lose something of it.
@@ -142,16 +173,18 @@ bool Session::NeedsDocumentFile(const clsDocument& Of) const
         || Of.HasReferenceZernikes || Of.Grid.IsDefined(GridIsCalibrated) || Of.Optic != given;
 }
 
-bool Session::SaveDocument(clsDocument& Of)
+bool Session::SaveDocument(clsDocument& Of, Originals Opened)
 {
     if (!Of.FileName.empty())
-        return WriteDocument(Of.Directory + "/" + Of.FileName, Of);
+        return WriteDocument(FileOf(Of), Of, Opened);
     if (NeedsDocumentFile(Of))
         return SaveAsDialog(Of, SaveMode::Document);
     if (Of.HasSourceFile && FileExtension(Of.Title) == "bmp") {
-        // Writing an untouched picture would only turn its colours into grey.
         const std::string path = Of.Directory + "/" + Of.Title;
-        return (!Of.HasUnsavedChanges() && FileExistsAt(path)) || WriteDocument(path, Of);
+        if (!Of.HasUnsavedChanges() && FileExistsAt(path))
+            return true; // writing it would only turn its colours into grey
+        return (Of.MayReplacePicture || MayReplace(path, "Save File As"))
+            && WriteDocument(path, Of);
     }
     return SaveAsDialog(Of, SaveMode::ImageOnly);
 }
@@ -175,7 +208,7 @@ bool Session::SaveAsDialog(clsDocument& Of, SaveMode Mode)
     Prefs.SaveFileFilter = choice->FilterIndex;
     std::string path = choice->Paths.front();
     Prefs.SaveFileDir = FileDirectory(path);
-    if (FileExtension(path).empty())
+    if (!HasExtension(path))
         path += choice->FilterIndex == BitmapFilter ? ".bmp" : ".mvd";
     return MayReplace(path, "Save File As") && WriteDocument(path, Of);
 }

@@ -170,9 +170,11 @@ TEST_F(Saving, APictureAloneDoesNotCloseADocument)
 TEST_F(Saving, NamesAndFoldersMayHoldDots)
 {
     fs::create_directory(At("2026.11"));
-    session.Frame.Choices.push_back({{At("2026.11/result")}, 2});
-    EXPECT_TRUE(session.Main.SaveAsDialog(*document, Session::SaveMode::Document));
-    EXPECT_TRUE(fs::exists(At("2026.11/result.mvd")));
+    for (const char* name : {"result", "mirror 1.2"}) {
+        session.Frame.Choices.push_back({{At(std::string("2026.11/") + name)}, 2});
+        EXPECT_TRUE(session.Main.SaveAsDialog(*document, Session::SaveMode::Document));
+        EXPECT_TRUE(fs::exists(At(std::string("2026.11/") + name + ".mvd"))) << name;
+    }
     document->FileName.clear();
     document->Title = "shot.2.jpg";
     session.Main.SaveAsDialog(*document, Session::SaveMode::ImageOnly);
@@ -250,9 +252,47 @@ TEST_F(Saving, AnOriginalStaysUnlessTheUserGivesItUp)
     EXPECT_TRUE(session.Answerer.Asked.empty()) << "it is the document's own now";
 }
 
+// The picture beside a document may be the one that the camera made.
+TEST_F(Saving, AnOpenedDocumentsPictureIsReplacedOnlyAfterAQuestion)
+{
+    ASSERT_TRUE(session.Main.WriteDocument(At("mirror.mvd"), *document));
+    session.Main.CloseDocument(*document);
+    const auto size = fs::file_size(At("mirror.bmp"));
+    const auto opened = session.Main.OpenDocument(At("mirror.mvd"), true);
+    ASSERT_TRUE(opened->StretchImage(2));
+    EXPECT_FALSE(session.Main.SaveDocument(*opened));
+    EXPECT_EQ(fs::file_size(At("mirror.bmp")), size);
+    EXPECT_TRUE(session.Main.SaveDocument(*opened, Session::Originals::Replace));
+    EXPECT_GT(fs::file_size(At("mirror.bmp")), size);
+}
+
+TEST_F(Saving, ADocumentWithoutItsPictureTakesNoOther)
+{
+    ASSERT_TRUE(session.Main.WriteDocument(At("lone.mvd"), *document));
+    fs::remove(At("lone.bmp"));
+    const auto opened = session.Main.OpenDocument(At("lone.mvd"), true);
+    ASSERT_TRUE(opened->BlankImage);
+    ASSERT_TRUE(session.Main.SaveDocument(*opened));
+    EXPECT_NE(opened->DataText().find("HasImageFile, True"), std::string::npos);
+    ASSERT_TRUE(session.Main.WriteDocument(At("mirror.mvd"), *opened));
+    EXPECT_NE(opened->DataText().find("HasImageFile, False"), std::string::npos);
+}
+
+TEST_F(Saving, WhoeverElseShowsTheFileHasItsOwnWorkToSave)
+{
+    ASSERT_TRUE(session.Main.WriteDocument(At("twice.mvd"), *document));
+    const auto other = session.Main.OpenDocument(At("twice.mvd"), true);
+    SetCircle(document->Aperture, 20, 15, 10);
+    ASSERT_FALSE(other->HasUnsavedChanges());
+    ASSERT_TRUE(session.Main.SaveDocument(*document));
+    EXPECT_TRUE(other->HasUnsavedChanges());
+}
+
 TEST_F(Saving, APlainBitmapGoesToItsOwnFileAndAJpegToADialog)
 {
     document->ImageDirty = true;
+    EXPECT_FALSE(session.Main.SaveDocument(*document)) << "it may be another picture";
+    session.Answerer.Answers = {MessageAnswer::Yes};
     EXPECT_TRUE(session.Main.SaveDocument(*document));
     EXPECT_TRUE(session.Frame.Requests.empty());
     EXPECT_FALSE(document->ImageDirty);
@@ -339,7 +379,7 @@ TEST_F(Saving, CapitalExtensionsOpenLikeLowerCase)
     ASSERT_NE(opened, nullptr);
     EXPECT_FALSE(opened->BlankImage);
     opened->ImageDirty = true;
-    EXPECT_TRUE(session.Main.SaveDocument(*opened));
+    EXPECT_TRUE(session.Main.SaveDocument(*opened, Session::Originals::Replace));
     EXPECT_FALSE(fs::exists(At("SCAN.bmp"))) << "one picture, not two";
 }
 
