@@ -151,13 +151,13 @@ void appendViewOptions(Lines& lines, const clsDocument& document)
     lines.Flag("SurfacePlotViewVisible,", document.Visible.SurfacePlot);
 }
 
-// Views without a window stand where the next one would.
+// Views that nobody has placed stand where the next ones would.
 void appendViewPlaces(
     Lines& lines, const clsDocument& document, const PerView<WindowPlace>& defaults)
 {
     const auto append = [&](std::string_view key, ViewType view, const WindowPlace& place) {
         const DocumentWindow* const window = document.View(view);
-        lines.Place(key, window ? window->GetPlace() : place);
+        lines.Place(key, window && window->IsPlaced() ? window->GetPlace() : place);
     };
     append("ZernikesView,", ViewType::Zernikes, defaults.Zernikes);
     append("AberrationsView,", ViewType::Aberrations, defaults.Aberrations);

@@ -62,8 +62,14 @@ frmMain::frmMain()
     SetShortcuts();
     MakeToolBar();
     connect(m_area, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* front) {
-        if (auto* const window = dynamic_cast<ChildWindow*>(front); window && m_session)
-            window->Activated();
+        auto* const window = dynamic_cast<ChildWindow*>(front);
+        if (!window || !m_session)
+            return;
+        window->Activated();
+        // A maximised view of the set that has gone takes the activation with it.
+        const QMdiSubWindow* const active = m_area->activeSubWindow();
+        if (window->isVisible() && (!active || !active->isVisible()))
+            m_area->setActiveSubWindow(window);
     });
 }
 

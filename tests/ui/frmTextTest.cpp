@@ -189,12 +189,20 @@ TEST_F(frmTextView, OfTheCommonSetStandsInItsPlaceWhateverItsStateWas)
         Settle();
         OpenAnalyzed();
         EXPECT_FALSE(Window.isVisible());
-        Document.ImageView()->Show(Activation::TakeFocus);
+        QMdiArea& area = *Frame.findChild<QMdiArea*>();
+        area.setActiveSubWindow(dynamic_cast<QMdiSubWindow*>(Document.ImageView()));
         Settle();
         EXPECT_TRUE(Window.isVisible());
         EXPECT_EQ(Window.windowState() & (Qt::WindowMaximized | Qt::WindowMinimized), 0);
         EXPECT_EQ(Window.geometry(), QRect(20, 30, 260, 240));
-        EXPECT_EQ(Frame.findChild<QMdiArea*>()->activeSubWindow()->objectName(), "frmImage");
+        EXPECT_EQ(area.activeSubWindow(), dynamic_cast<QMdiSubWindow*>(Document.ImageView()));
+        Session.Active()->View(ViewType::Aberrations)->Show(Activation::TakeFocus);
+        Window.setWindowState(state); // and away from it by the other road
+        area.setActiveSubWindow(dynamic_cast<QMdiSubWindow*>(Session.Document(2)->ImageView()));
+        Settle();
+        EXPECT_EQ(
+            area.activeSubWindow(), dynamic_cast<QMdiSubWindow*>(Session.Document(2)->ImageView()));
+        area.setActiveSubWindow(dynamic_cast<QMdiSubWindow*>(Document.ImageView()));
     }
 }
 
@@ -207,6 +215,14 @@ TEST_F(frmTextView, KeepsNoPlaceThatNobodyChose)
     EXPECT_GT(OpenAnalyzed().View(ViewType::Aberrations)->GetPlace().Left, narrow.Left);
     Window.move(40, 50);
     EXPECT_FALSE(Main().IsArranged(ViewType::Aberrations)) << "it is hidden";
+    dynamic_cast<QMdiSubWindow&>(*Session.Active()->ImageView()).move(2000, 20);
+    Settle();
+    QScrollBar& bar = *Frame.findChild<QMdiArea*>()->horizontalScrollBar();
+    bar.setValue(bar.maximum());
+    Settle();
+    EXPECT_GT(bar.value(), 0);
+    EXPECT_FALSE(Main().IsArranged(ViewType::Aberrations)) << "the area was scrolled";
+    bar.setValue(0);
     auto& shown = dynamic_cast<frmText&>(*Session.Active()->View(ViewType::Aberrations));
     shown.move(40, 50);
     EXPECT_TRUE(Main().IsArranged(ViewType::Aberrations));

@@ -5,6 +5,9 @@
 #include <QMenu>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QScrollBar>
+
+#include "shell/qt/WindowPlaces.h"
 
 namespace morvane {
 
@@ -90,7 +93,8 @@ void ChildWindow::ShowCaption(const std::string& Caption)
 WindowPlace ChildWindow::NormalPlace() const
 {
     // A hidden window is not told of its moves.
-    const QRect place = isMaximized() || isMinimized() ? m_normal : geometry();
+    const bool isNormal = !isMaximized() && !isMinimized();
+    const QRect place = isNormal ? geometry().translated(Scrolled()) : m_normal;
     return {place.left(), place.top(), place.width(), place.height()};
 }
 
@@ -115,19 +119,35 @@ void ChildWindow::TakePlaceOrFindRoom(const WindowPlace& Place)
 void ChildWindow::FindRoom()
 {
     const Preferences& preferences = m_session.GetPreferences();
-    const int steps = preferences.HogWindows ? 0 : m_document.DocNumber - 1;
-    TakeGeometry(Room(mdiArea()->size())
-                     .translated(steps * preferences.CascadeX, steps * preferences.CascadeY));
+    const QSize area = mdiArea()->size();
+    const QPoint step(preferences.CascadeX, preferences.CascadeY);
+    TakeGeometry(preferences.HogWindows
+            ? Room(area)
+            : PlaceInCascade(area, Room(area), step, m_document.DocNumber));
     m_isPlaced = false;
+}
+
+void ChildWindow::FollowFrame()
+{
+    if (m_kind != ViewType::Interferogram && !m_isPlaced && !isMaximized() && !isMinimized())
+        FindRoom();
+}
+
+QPoint ChildWindow::Scrolled() const
+{
+    const QMdiArea* const area = mdiArea();
+    return area ? QPoint(area->horizontalScrollBar()->value(), area->verticalScrollBar()->value())
+                : QPoint();
 }
 
 // A maximised or minimised window would go back to the place that it remembers itself.
 void ChildWindow::TakeGeometry(const QRect& Normal)
 {
+    const QScopedValueRollback quiet(m_takesPlace, true);
     if (isMaximized() || isMinimized())
         setWindowState(Qt::WindowNoState);
-    setGeometry(Normal);
-    m_normal = geometry();
+    setGeometry(Normal.translated(-Scrolled()));
+    m_normal = geometry().translated(Scrolled());
 }
 
 void ChildWindow::moveEvent(QMoveEvent* Event)
@@ -144,9 +164,10 @@ void ChildWindow::resizeEvent(QResizeEvent* Event)
 
 void ChildWindow::NotePlace()
 {
-    if (isMaximized() || isMinimized() || geometry() == m_normal)
+    const QRect place = geometry().translated(Scrolled());
+    if (isMaximized() || isMinimized() || m_takesPlace || place == m_normal)
         return;
-    m_normal = geometry();
+    m_normal = place;
     m_isPlaced = true;
     // The common set of views stands where it was left last.
     Preferences& preferences = m_session.GetPreferences();

@@ -20,6 +20,8 @@ public:
     void BringToFront() { ShowWindow(Activation::TakeFocus); }
     // As shown, without the mark.
     const QString& Caption() const { return m_caption; }
+    // The frame has another size: an output view that nobody has placed stands where it suits.
+    void FollowFrame();
     // Marks the caption while the document has unsaved changes.
     void MarkChanges() { setWindowModified(m_document.HasUnsavedChanges()); }
 
@@ -53,10 +55,13 @@ protected:
 private:
     void NotePlace();
     void Activate();
+    // Of the frame's area; places are those of an area that is not scrolled.
+    QPoint Scrolled() const;
 
     QString m_caption;
     QRect m_normal;
     bool m_isPlaced = false;
+    bool m_takesPlace = false; // while it is being placed
     bool m_leavesFocus = false; // while it is being shown
 };
 

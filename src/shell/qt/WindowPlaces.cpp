@@ -12,11 +12,24 @@ constexpr QSize AberrationsSize(350, 310), ZernikesSize(290, 370), ProfileSize(4
 constexpr int TextColumn = 350, AnalysisColumn = 300, ToolColumn = 220;
 constexpr QSize LeastPictureRoom(480, 320);
 
+int StepsTo(int slot)
+{
+    return std::max(0, slot - 1) % SlotSteps;
+}
+
 } // namespace
+
+QRect PlaceInCascade(QSize WorkArea, QRect Room, QPoint Step, int Slot)
+{
+    const QRect moved = Room.translated(StepsTo(Slot) * Step);
+    return {QPoint(std::clamp(moved.left(), 0, std::max(0, WorkArea.width() - Room.width())),
+                std::clamp(moved.top(), 0, std::max(0, WorkArea.height() - Room.height()))),
+        Room.size()};
+}
 
 QRect RoomForPicture(QSize WorkArea, int Slot)
 {
-    const int offset = std::max(0, Slot - 1) % SlotSteps * SlotStep;
+    const int offset = StepsTo(Slot) * SlotStep;
     const QPoint corner(Gap + offset, Gap + offset);
     const QSize whole(WorkArea.width() - corner.x() - Gap, WorkArea.height() - corner.y() - Gap);
     const int besideTwo = whole.width() - TextColumn - AnalysisColumn - 2 * Gap;
@@ -38,13 +51,14 @@ QRect PlaceOfText(QSize WorkArea, ViewType Kind, QSize Needed)
     const bool aberrations = Kind == ViewType::Aberrations;
     const QSize whole = Needed.expandedTo(aberrations ? AberrationsSize : ZernikesSize);
     const QSize size = whole.boundedTo(WorkArea - QSize(2 * Gap, 2 * Gap)).expandedTo({1, 1});
-    // The grid's results leave the Zernikes' title free.
+    // The grid's results leave the title of the Zernikes free; where there is no room below the
+    // aberrations, something of each shows on the left.
     const int step = Kind == ViewType::GridResults ? SlotStep : 0;
-    const int left = WorkArea.width() - Gap - std::max(TextColumn, size.width()) - step;
     const int top = aberrations ? Gap : Gap + AberrationsSize.height() + Gap + step;
-    return {QPoint(std::max(0, left),
-                std::clamp(top, 0, std::max(0, WorkArea.height() - size.height()))),
-        size};
+    const int lowest = std::max(0, WorkArea.height() - size.height());
+    const int aside = step + (top > lowest && !aberrations ? SlotStep : 0);
+    const int left = WorkArea.width() - Gap - std::max(TextColumn, size.width()) - aside;
+    return {QPoint(std::max(0, left), std::clamp(top, 0, lowest)), size};
 }
 
 QPoint PlaceOfAnalysis(QRect Area, QSize Wanted, QRect Room)

@@ -14,6 +14,10 @@ QRect RoomForPicture(QSize WorkArea, int Slot);
 // Needed is the size at which the whole text shows.
 QRect PlaceOfText(QSize WorkArea, ViewType Kind, QSize Needed);
 
+// Room moved on by steps from slot to slot, from the start again before it gets far, and never out
+// of the area.
+QRect PlaceInCascade(QSize WorkArea, QRect Room, QPoint Step, int Slot);
+
 // In the lower left corner: below the picture, if that is small.
 QRect PlaceOfProfile(QSize WorkArea);
 

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "document/qt/ChildWindow.h"
 #include "shell/qt/Appearance.h"
 #include "shell/qt/WindowPlaces.h"
 
@@ -14,6 +15,13 @@ WorkArea::WorkArea(QWidget* Parent) : QMdiArea(Parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+}
+
+void WorkArea::resizeEvent(QResizeEvent* Event)
+{
+    QMdiArea::resizeEvent(Event);
+    for (ChildWindow* const window : ChildWindowsIn(*this))
+        window->FollowFrame();
 }
 
 void WorkArea::paintEvent(QPaintEvent* Event)

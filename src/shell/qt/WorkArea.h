@@ -10,6 +10,7 @@ public:
     explicit WorkArea(QWidget* Parent);
 
 protected:
+    void resizeEvent(QResizeEvent* Event) override;
     void paintEvent(QPaintEvent* Event) override;
 };
 
