@@ -231,9 +231,10 @@ int LabelEdge(int axis, const DeviceRect& plot, int tickRoom, int unit)
     }
 }
 
-// Every so manieth label can be drawn without touching the next.
-int LabelStep(const TickRow& ticks, const std::vector<DeviceSize>& sizes, bool isVertical,
-    TextRotation rotation)
+// The ticks whose labels can be drawn without touching each other: every so manieth, and both ends,
+// so that the range of the scale is to be read.
+std::vector<int> LabelledTicks(const TickRow& ticks, const std::vector<DeviceSize>& sizes,
+    bool isVertical, TextRotation rotation)
 {
     const bool isLined = RunsUpright(rotation) == isVertical; // one label behind the other
     const auto along = [&](int i) {
@@ -242,21 +243,32 @@ int LabelStep(const TickRow& ticks, const std::vector<DeviceSize>& sizes, bool i
         const int height = RunsUpright(rotation) ? size.Width : size.Height;
         return (isVertical ? size.Height : size.Width) + (isLined ? height / 3 : 0);
     };
+    const auto touch = [&](int i, int next) {
+        return std::abs(ticks.At(next) - ticks.At(i)) < (along(i) + along(next) + 1) / 2;
+    };
     const auto fits = [&](int step) {
         for (int i = 0; i + step < ticks.Count; i += step)
-            if (std::abs(ticks.At(i + step) - ticks.At(i)) < (along(i) + along(i + step) + 1) / 2)
+            if (touch(i, i + step))
                 return false;
         return true;
     };
-    // Both ends of the scale are to be read.
+    if (ticks.Count == 0)
+        return {};
+    int step = 1;
+    while (!fits(step))
+        ++step;
     const int last = ticks.Count - 1;
-    for (int step = 1; step <= last; ++step)
-        if (last % step == 0 && fits(step))
-            return step;
-    return ticks.Count;
+    std::vector<int> labelled;
+    for (int i = 0; i < last; i += step)
+        labelled.push_back(i);
+    while (labelled.size() > 1 && touch(labelled.back(), last))
+        labelled.pop_back();
+    if (labelled.empty() || !touch(labelled.back(), last))
+        labelled.push_back(last);
+    return labelled;
 }
 
-// The labels that have a tick, and of those every so manieth that has room.
+// The labels that have a tick and room.
 std::vector<PlacedText> PlaceLabels(Device& on, int axis, const ChartAxis& of, const AxisRoom& room,
     const DeviceRect& plot, TickLengths lengths)
 {
@@ -269,9 +281,8 @@ std::vector<PlacedText> PlaceLabels(Device& on, int axis, const ChartAxis& of, c
         RunsUpright(style.Rotation) ? room.Labels.front().Width : room.Labels.front().Height;
     const int edge = LabelEdge(axis, plot, TickRoom(of, lengths), Unit(lengths));
     const Font font = DeviceFont(on, style.Style, style.Rotation);
-    const int step = LabelStep(ticks, room.Labels, IsVertical(axis), style.Rotation);
     std::vector<PlacedText> labels;
-    for (int i = 0; i < ticks.Count; i += step) {
+    for (const int i : LabelledTicks(ticks, room.Labels, IsVertical(axis), style.Rotation)) {
         const auto label =
             static_cast<std::size_t>(ticks.OnlyEnds && i > 0 ? of.NumMajor() - 1 : i);
         const int at = ticks.At(i) + shift * (height / 2);

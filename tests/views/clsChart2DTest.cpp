@@ -167,6 +167,28 @@ TEST(clsChart2DLayout, SmallestWindowStillTellsTheRange)
     EXPECT_TRUE(shows("Profile along 4..."));
 }
 
+TEST(clsChart2DLayout, BothEndsAndWhatHasRoomBetweenAreLabelled)
+{
+    // Labels of 13 pixels; the last tick is no multiple of every step.
+    const struct {
+        int Height;
+        std::vector<std::string> Labels;
+    } cases[] = {
+        {300, {"0", "0.2", "0.4", "0.6", "0.8", "1"}},
+        {105, {"0", "0.4", "1"}},
+        {75, {"0", "1"}},
+    };
+    for (const auto& c : cases) {
+        clsChart2D chart = ProfileChart(0, 1);
+        std::vector<std::string> labels;
+        for (const DeviceCall& call : Texts(Redraw(chart, {0, 0, 600, c.Height})))
+            if (call.Align.Across == TextAcross::Right
+                && call.In.Rotation == TextRotation::Horizontal)
+                labels.push_back(call.Text);
+        EXPECT_EQ(labels, c.Labels) << c.Height;
+    }
+}
+
 TEST(clsChart2DLayout, MarginsHoldTitleLabelsAndTicks)
 {
     // Lines of the fonts: labels of 8 points 13 pixels, titles of 10 points 15; 5 a letter.
