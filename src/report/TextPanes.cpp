@@ -21,6 +21,7 @@ std::vector<std::string> OpticLines(const UserData& of)
         std::string line;
         for (const std::string_view part : LinesOf(*value))
             line.append(line.empty() ? "" : " ").append(part);
+        std::ranges::replace(line, '\t', ' '); // else it would be a row of columns
         if (!line.empty())
             lines.push_back(std::string(name) + "\t" + line);
     }

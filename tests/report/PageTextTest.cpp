@@ -68,8 +68,18 @@ TEST_F(PageText, WordsWrapAndKeepTheirOwnLineEnds)
         ElementsAre("one two", "three", "", "four"));
     EXPECT_THAT(WrapWords(device, "interferometer on a stand", 80),
         ElementsAre("interferometer", "on a", "stand"))
-        << "a word is never broken";
+        << "a word is not broken";
     EXPECT_THAT(WrapWords(device, "12345678 9", 80), ElementsAre("12345678", "9"));
+    EXPECT_THAT(WrapWords(device, "see " + std::string(40, 'x') + " there", 250),
+        ElementsAre("see", std::string(25, 'x'), std::string(15, 'x') + " there"))
+        << "but for one that is longer than any figure";
+    const std::string eight = "\xe5\xb9\xb2\xe6\xb8\x89\xe7\xb8\x9e\xe3\x82\x92"
+                              "\xe8\xa6\x8b\xe3\x81\xbe\xe3\x81\x97\xe3\x81\x9f";
+    EXPECT_THAT(WrapWords(device, eight + eight, 250), ElementsAre(eight, eight))
+        << "at a whole character";
+    EXPECT_THAT(WrapWords(device, "one two three four", 80, 2), ElementsAre("one two", "three"));
+    EXPECT_THAT(WrapWords(device, " 0.25 mm", 40), ElementsAre(" 0.25", "mm"));
+    EXPECT_THAT(WrapWords(device, "   ", 20), ElementsAre("   "));
     EXPECT_THAT(WrapWords(device, "", 80), ElementsAre(""));
 }
 
@@ -97,6 +107,7 @@ TEST_F(PageText, SecondCellsOfAGroupStandInOneColumn)
 
 TEST_F(PageText, TheFontShrinksUntilAllRowsFit)
 {
+    const std::string remark(500, 'x');
     // At 9 points a character is 9 units wide and a line 21 high, at 5 points 5 and 12.
     const struct {
         const char* Name;
@@ -111,6 +122,14 @@ TEST_F(PageText, TheFontShrinksUntilAllRowsFit)
             {"0,0  1.5  -2.5  ", "0,21 -3.5"}},
         {"a long remark", {{"by\tAda and Bob"}, {4}}, {110, 60},
             {"0,0 by", "40,0 Ada and", "40,24 Bob"}},
+        {"a remark that no size holds leaves the figures theirs",
+            {{"RMS\t0.1", "by\t" + remark, "", "Data\t9"}, {5}}, {350, 5 * 24},
+            {"0,0 RMS", "50,0 0.1", "0,24 by", "50,24 " + remark.substr(0, 30),
+                "50,48 " + remark.substr(0, 27) + "...", "0,96 Data", "50,96 9"}},
+        {"a figure is not cut for it", {{"RMS\t 0.123 waves", "by\t" + remark}, {5}}, {150, 24},
+            {"0,0 RMS", "25,0  0.123 waves", "0,12 by", "25,12 " + remark.substr(0, 22) + "..."}},
+        {"too narrow for 5 points", {{"RMS\t0.1\t0.2\t0.3"}, {4, 8}}, {52, 48},
+            {"0,0 RMS", "20,0 0.1..."}},
         {"never below 5 points", {{"one", "two", "three"}}, {60, 35}, {"0,0 one", "0,12 ..."}},
         {"no bare heading", {{"one", "", "Order", "1", "2"}}, {60, 59}, {"0,0 one", "0,24 ..."}},
         {"no room at all", {{"one", "two"}}, {60, 10}, {"0,0 ..."}},
@@ -120,6 +139,62 @@ TEST_F(PageText, TheFontShrinksUntilAllRowsFit)
         Draw({0, 0, c.Room.Width, c.Room.Height}, c.Pane);
         EXPECT_EQ(Drawn(), c.Drawn) << c.Name;
     }
+}
+
+TEST_F(PageText, WordsThatNoSizeHoldsAreCutInTheirOwn)
+{
+    std::string text = "Comments:";
+    for (int i = 0; i < 1000; ++i)
+        text += "\tto be read";
+    DrawWords(device, {0, 0, 200, 50}, text, style);
+    EXPECT_THAT(Drawn(), ElementsAre("0,0 Comments: to be read", "0,24 to be read to be..."));
+
+    device.Calls.clear();
+    DrawWords(device, {0, 0, 80, 24}, text, style); // 9 letters of 8 points, which are 8 wide
+    EXPECT_THAT(Drawn(), ElementsAre("0,0 Comment...")) << "where its words fit";
+}
+
+struct CountingDevice : RecordingDevice {
+    mutable std::size_t Times = 0, Bytes = 0;
+
+    DeviceSize MeasureText(std::string_view text) const override
+    {
+        ++Times;
+        Bytes += text.size();
+        return RecordingDevice::MeasureText(text);
+    }
+};
+
+// On a printer each measurement takes microseconds, and a letter of it some tenths of one.
+TEST(PageTextSpeed, LongTextsInLargeFontsAreNotMeasuredWhole)
+{
+    constexpr std::size_t length = 256 * 1024, mostTimes = 5000, mostBytes = length;
+    std::string words;
+    while (words.size() < length)
+        words += "fringe ";
+    std::string columns;
+    for (int i = 0; i < 2500; ++i)
+        columns += "0.1\t";
+    const std::string lineEnds(length, '\n'), word(length, 'x');
+    const TextPane coefficients{.Rows = std::vector<std::string>(6,
+                                    " 0.123456 -1.234567"
+                                    " 2.345678 -3.456789"),
+        .Wraps = true};
+    const struct {
+        const char* Name;
+        TextPane Pane;
+    } cases[] = {{"words", {{"RMS\t0.1", "Comments\t" + words}, {15}}},
+        {"one word", {{"RMS\t0.1", "Comments\t" + word}, {15}}},
+        {"line ends", {{"RMS\t0.1", "Comments\t" + lineEnds}, {15}}},
+        {"coefficients", coefficients}, {"columns", {{columns}, {15}}}};
+    for (const int size : {10, 72, 1000})
+        for (const auto& c : cases) {
+            CountingDevice device;
+            device.Shape.PixelsPerInchX = device.Shape.PixelsPerInchY = 600;
+            DrawTextPane(device, {0, 0, 2000, 1800}, [&] { return c.Pane; }, {.Size = size});
+            EXPECT_LT(device.Times, mostTimes) << c.Name << " in " << size;
+            EXPECT_LT(device.Bytes, mostBytes) << c.Name << " in " << size;
+        }
 }
 
 } // namespace
