@@ -11,7 +11,7 @@
 namespace morvane {
 
 frmLineProfile::frmLineProfile(clsDocument& Of, Session& In)
-    : ChildWindow(Of, ViewType::LineProfile, In), m_canvas(new ProfileCanvas),
+    : OutputView(Of, ViewType::LineProfile, In), m_canvas(new ProfileCanvas),
       m_angle(new QScrollBar(Qt::Horizontal))
 {
     setObjectName("frmLineProfile");

@@ -39,7 +39,7 @@ bool Passes(const QKeyEvent& Key)
 } // namespace
 
 frmText::frmText(clsDocument& Of, ViewType Kind, Session& In)
-    : ChildWindow(Of, Kind, In), m_text(new QPlainTextEdit)
+    : OutputView(Of, Kind, In), m_text(new QPlainTextEdit)
 {
     setObjectName(Kind == ViewType::Aberrations ? "frmAberrations"
             : Kind == ViewType::Zernikes        ? "frmZernikes"

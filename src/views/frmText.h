@@ -1,23 +1,16 @@
 // A text view of a document: one read-only box over the whole client, in the document's font, its
 // columns at tab stops that follow the font.
 #pragma once
-#include "document/qt/ChildWindow.h"
+#include "document/qt/OutputView.h"
 
 class QPlainTextEdit;
 
 namespace morvane {
 
-class frmText final : public ChildWindow, public TextWindow {
+class frmText final : public OutputView<TextWindow> {
 public:
     frmText(clsDocument& Of, ViewType Kind, Session& In);
 
-    void SetCaption(const std::string& Caption) override { ShowCaption(Caption); }
-    void Show(Activation How) override { ShowWindow(How); }
-    void Hide() override { HideWindow(); }
-    void Raise() override { raise(); }
-    WindowPlace GetPlace() const override { return NormalPlace(); }
-    void SetPlace(const WindowPlace& Place) override { TakePlaceOrFindRoom(Place); }
-    bool IsPlaced() const override { return StandsWherePut(); }
     void Repaint() override;
     void SetText(
         const std::string& Text, const TextFont& Font, std::span<const int> TabStops) override;
