@@ -5,7 +5,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -236,7 +235,6 @@ private:
     int m_activeDocument = 0;
     int m_hourglasses = 0;
     SettingsStore* m_settings = nullptr;
-    std::set<ShapeRole> m_unsavedShapes; // outlines that only m_settings holds
     int m_grabCount = 0; // numbers the titles of grabbed pictures
 };
 

@@ -78,8 +78,7 @@ bool Session::LoadShape(ShapeRole Role, clsDocument& Into)
     if (!m_settings)
         return false;
     SettingsStore present(m_settings->Path());
-    SettingsStore& store = m_unsavedShapes.contains(Role) ? *m_settings : present;
-    return LoadSavedShape(store, SavedNameOf(Role), ShapeOf(Into, Role));
+    return LoadSavedShape(present, SavedNameOf(Role), ShapeOf(Into, Role));
 }
 
 void Session::LoadShapeIntoActive(ShapeRole Role)
@@ -98,13 +97,8 @@ void Session::SaveShape(ShapeRole Role)
         return;
     SettingsStore present(m_settings->Path()); // has given nothing: the figure goes there whole
     morvane::SaveShape(present, SavedNameOf(Role), ShapeOf(*active, Role));
-    m_unsavedShapes.erase(Role);
-    if (const FileResult saved = present.Save(); !saved) {
-        // It lasts for this session, and longer if the file can be written at the end.
-        morvane::SaveShape(*m_settings, SavedNameOf(Role), ShapeOf(*active, Role));
-        m_unsavedShapes.insert(Role);
+    if (const FileResult saved = present.Save(); !saved)
         TellUnsavedSettings(saved);
-    }
 }
 
 void Session::InsertFringe()
