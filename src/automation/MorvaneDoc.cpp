@@ -113,7 +113,8 @@ Raised<bool> MorvaneDoc::Save(const Variant& Path)
     if (!document || document->FileName.empty())
         return AutomationError{
             ErrorInvalidPath, "Unless a document has already been saved, a path must be supplied."};
-    return m_session.SaveDocument(*document, Session::Originals::Replace);
+    return m_session.WriteDocument(
+        document->Directory + "/" + document->FileName, *document, Session::Originals::Replace);
 }
 
 Raised<bool> MorvaneDoc::Stretch(const Variant& Ratio)

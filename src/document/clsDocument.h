@@ -85,6 +85,7 @@ public:
     std::string Directory; // of the file, without a separator at the end
     bool HasSourceFile = false;
     std::string PicturePath; // the file that holds the picture as it is, unless ImageDirty
+    bool FileIsOfOther = false; // another document has been written to the document file
     bool MayReplacePicture = false; // that file is no original: it has been written from here
     bool BlankImage = false; // no picture
     bool LacksPicture = false; // its file tells of one that could not be had this time

@@ -20,28 +20,30 @@ std::string LowerCase(std::string_view Text)
     return lower;
 }
 
-// Blanks, commas and line ends separate the numbers of a coefficient file; each must be one. What
-// stands behind them is not read, unless it makes twice as many: those are decimal commas.
+// Blanks, commas and line ends separate the numbers of a coefficient file; each must be one. More
+// numbers than coefficients are none: with decimal commas each would be taken for two. A remark may
+// stand behind them.
 std::optional<ZernikeSet> ReadCoefficientFile(LineReader& Lines)
 {
     constexpr std::string_view separators = " ,\t";
-    constexpr int twice = 2 * NumZernikes;
     ZernikeSet coefficients{};
     int count = 0;
-    bool isNumber = true;
     std::string line;
-    while (isNumber && count <= twice && Lines.ReadLine(line)) {
+    while (Lines.ReadLine(line)) {
         std::size_t start = line.find_first_not_of(separators);
-        while (isNumber && start != std::string::npos) {
+        while (start != std::string::npos) {
             const std::size_t end = std::min(line.find_first_of(separators, start), line.size());
             const std::string token = line.substr(start, end - start);
-            isNumber = IsNumeric(token);
-            if (isNumber && count++ < NumZernikes)
-                coefficients[static_cast<std::size_t>(count - 1)] = LeadingNumber(token);
+            const bool isNumber = IsNumeric(token), isFull = count == NumZernikes;
+            if (isNumber == isFull)
+                return std::nullopt;
+            if (isFull)
+                return coefficients;
+            coefficients[static_cast<std::size_t>(count++)] = LeadingNumber(token);
             start = line.find_first_not_of(separators, end);
         }
     }
-    return count >= NumZernikes && count != twice ? std::optional(coefficients) : std::nullopt;
+    return count == NumZernikes ? std::optional(coefficients) : std::nullopt;
 }
 
 // The first line of a document that begins with "Zernikes": each comma starts a number.

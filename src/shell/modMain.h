@@ -156,7 +156,7 @@ public:
     // picture alone (bmp).
     bool WriteDocument(const std::string& Path, clsDocument& Of, Originals Opened = Originals::Ask);
     // To its own file, or to one that the user is asked for.
-    bool SaveDocument(clsDocument& Of, Originals Opened = Originals::Ask);
+    bool SaveDocument(clsDocument& Of);
     bool SaveAsDialog(clsDocument& Of, SaveMode Mode);
     // Asks whether to save what has changed, and does.
     bool SaveDocumentSettings(clsDocument& Of);

@@ -37,12 +37,11 @@ std::string FileOf(const clsDocument& Document)
     return Document.FileName.empty() ? "" : Document.Directory + "/" + Document.FileName;
 }
 
-// A point and behind it what somebody meant as an extension: "1.2" has none.
+// Whether somebody meant an extension: "mirror 1.2" has none.
 bool HasExtension(const std::string& Path)
 {
-    const std::string extension = FileExtension(Path);
     const auto isLetter = [](char c) { return c >= 'a' && c <= 'z'; };
-    return !extension.empty() && std::ranges::all_of(extension, isLetter);
+    return std::ranges::any_of(FileExtension(Path), isLetter);
 }
 
 } // namespace
@@ -126,7 +125,7 @@ bool Session::WriteTextAndPicture(const std::string& Path, clsDocument& Of)
         Of.HasSourceFile = true;
         OthersLosePicture(picture, Of);
     }
-    Of.Modified = false;
+    Of.Modified = Of.FileIsOfOther = false;
     Of.FileName = FileTitle(Path, false);
     Of.Directory = FileDirectory(Path);
     Recent.Add(Path);
@@ -148,7 +147,7 @@ bool Session::MayTakePicture(const std::string& Path, const clsDocument& Of, Ori
     return mayGo || MayReplace(picture, "Save File As");
 }
 
-// Whoever else shows this file has the only copy of its picture now, or of its text.
+// Whoever else shows this file has the only copy of its picture now.
 void Session::OthersLosePicture(const std::string& Path, const clsDocument& To)
 {
     for (const auto& other : m_documents)
@@ -156,11 +155,12 @@ void Session::OthersLosePicture(const std::string& Path, const clsDocument& To)
             other->ImageDirty = true;
 }
 
+// And of what else the document held.
 void Session::OthersLoseFile(const std::string& Path, const clsDocument& To)
 {
     for (const auto& other : m_documents)
         if (other && other.get() != &To && FileOf(*other) == Path)
-            other->Modified = true;
+            other->Modified = other->FileIsOfOther = true;
 }
 
 // Whether a picture file alone would lose something of it.
@@ -173,16 +173,20 @@ bool Session::NeedsDocumentFile(const clsDocument& Of) const
         || Of.HasReferenceZernikes || Of.Grid.IsDefined(GridIsCalibrated) || Of.Optic != given;
 }
 
-bool Session::SaveDocument(clsDocument& Of, Originals Opened)
+bool Session::SaveDocument(clsDocument& Of)
 {
     if (!Of.FileName.empty())
-        return WriteDocument(FileOf(Of), Of, Opened);
+        return (!Of.FileIsOfOther || MayReplace(FileOf(Of), "Save File As"))
+            && WriteDocument(FileOf(Of), Of);
     if (NeedsDocumentFile(Of))
         return SaveAsDialog(Of, SaveMode::Document);
     if (Of.HasSourceFile && FileExtension(Of.Title) == "bmp") {
         const std::string path = Of.Directory + "/" + Of.Title;
-        if (!Of.HasUnsavedChanges() && FileExistsAt(path))
-            return true; // writing it would only turn its colours into grey
+        if (!Of.ImageDirty && FileExistsAt(path)) {
+            Of.Modified = false; // writing it would only turn its colours into grey
+            m_frame.UpdateMainFrame();
+            return true;
+        }
         return (Of.MayReplacePicture || MayReplace(path, "Save File As"))
             && WriteDocument(path, Of);
     }
@@ -255,7 +259,7 @@ std::optional<std::string> Session::AskExport(
     if (!choice || choice->Paths.empty())
         return std::nullopt;
     std::string path = choice->Paths.front();
-    if (FileExtension(path).empty())
+    if (!HasExtension(path))
         path += Extension;
     Prefs.SaveFileDir = FileDirectory(path);
     return MayReplace(path, Title) ? std::optional(path) : std::nullopt;

@@ -265,7 +265,7 @@ TEST(ReferenceFile, NeedsThirtySixNumbers)
     } cases[] = {
         {"one a line", "a.zrn", numbers(36, "\r\n"), true},
         {"marked by an editor", "a.zrn", "\xef\xbb\xbf" + numbers(36, "\n").substr(1), true},
-        {"twice as many, as of decimal commas", "a.zrn", numbers(72, ","), false},
+        {"one too many, as of decimal commas", "a.zrn", numbers(37, ","), false},
         {"a remark behind them", "a.zrn", numbers(36, "\n") + "\nof the flat", true},
         {"deeper than any surface", "a.zrn", numbers(35, "\n") + "\n1e999", false},
         {"as deep in a document", "d.mvd", "Zernikes" + numbers(35, ",") + ",-1000001", false},

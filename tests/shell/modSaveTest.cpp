@@ -262,7 +262,7 @@ TEST_F(Saving, AnOpenedDocumentsPictureIsReplacedOnlyAfterAQuestion)
     ASSERT_TRUE(opened->StretchImage(2));
     EXPECT_FALSE(session.Main.SaveDocument(*opened));
     EXPECT_EQ(fs::file_size(At("mirror.bmp")), size);
-    EXPECT_TRUE(session.Main.SaveDocument(*opened, Session::Originals::Replace));
+    EXPECT_TRUE(session.Main.WriteDocument(At("mirror.mvd"), *opened, Session::Originals::Replace));
     EXPECT_GT(fs::file_size(At("mirror.bmp")), size);
 }
 
@@ -274,6 +274,12 @@ TEST_F(Saving, ADocumentWithoutItsPictureTakesNoOther)
     ASSERT_TRUE(opened->BlankImage);
     ASSERT_TRUE(session.Main.SaveDocument(*opened));
     EXPECT_NE(opened->DataText().find("HasImageFile, True"), std::string::npos);
+
+    fs::copy_file(At("mirror.bmp"), At("lone.bmp")); // back again, but another is taken now
+    ASSERT_TRUE(opened->LoadFileIntoDataBuffer(At("mirror.bmp"), true));
+    EXPECT_FALSE(session.Main.SaveDocument(*opened));
+    EXPECT_NE(session.Answerer.TakeOnly(), "");
+    opened->BlankImage = opened->LacksPicture = true;
     ASSERT_TRUE(session.Main.WriteDocument(At("mirror.mvd"), *opened));
     EXPECT_NE(opened->DataText().find("HasImageFile, False"), std::string::npos);
 }
@@ -286,6 +292,8 @@ TEST_F(Saving, WhoeverElseShowsTheFileHasItsOwnWorkToSave)
     ASSERT_FALSE(other->HasUnsavedChanges());
     ASSERT_TRUE(session.Main.SaveDocument(*document));
     EXPECT_TRUE(other->HasUnsavedChanges());
+    EXPECT_FALSE(session.Main.SaveDocument(*other)) << "over the newer work";
+    EXPECT_NE(session.Answerer.TakeOnly(), "");
 }
 
 TEST_F(Saving, APlainBitmapGoesToItsOwnFileAndAJpegToADialog)
@@ -379,7 +387,8 @@ TEST_F(Saving, CapitalExtensionsOpenLikeLowerCase)
     ASSERT_NE(opened, nullptr);
     EXPECT_FALSE(opened->BlankImage);
     opened->ImageDirty = true;
-    EXPECT_TRUE(session.Main.SaveDocument(*opened, Session::Originals::Replace));
+    session.Answerer.Answers = {MessageAnswer::Yes};
+    EXPECT_TRUE(session.Main.SaveDocument(*opened));
     EXPECT_FALSE(fs::exists(At("SCAN.bmp"))) << "one picture, not two";
 }
 
