@@ -164,8 +164,8 @@ void CutOff(std::vector<Line>& lines, std::size_t room)
 }
 
 // The user's size or the next smaller one that holds all; else the largest that cuts nothing but
-// running text, and the least if there is none. AddLines takes the layout and how many lines have
-// room.
+// running text, and the least if there is none. Running text alone makes it smaller by a fifth at
+// most. AddLines takes the layout and how many lines have room.
 template <typename Adder>
 Layout FittedInto(Device& on, const DeviceRect& box, const TextFont& style, Adder addLines)
 {
@@ -174,6 +174,8 @@ Layout FittedInto(Device& on, const DeviceRect& box, const TextFont& style, Adde
     for (TextFont smaller = style;;
          smaller.Size = std::max(leastSize, smaller.Size - std::max(1, smaller.Size / 10))) {
         const bool isLeast = smaller.Size <= leastSize;
+        if (cut && 5 * smaller.Size < 4 * cut->Style.Size)
+            return *std::move(cut);
         const clsFontScope font(on, DeviceFont(on, smaller));
         Layout layout{.Style = smaller, .LineHeight = std::max(1, on.MeasureText({}).Height)};
         const int room = std::max(0, box.Height() / layout.LineHeight);
@@ -286,7 +288,12 @@ std::vector<std::string> WrapWords(const Device& On, std::string_view Text, int 
             const std::size_t fits = FittingLength(On, rest, Width);
             const std::size_t word = rest.find_first_not_of(' '); // its sign may be a blank
             std::size_t end = fits < rest.size() ? rest.find_last_of(' ', fits) : rest.size();
-            if (end == std::string_view::npos || end < word)
+            const bool isTooLong = end == std::string_view::npos || end < word;
+            if (isTooLong && word > 1 && word != std::string_view::npos) {
+                rest.remove_prefix(word - 1); // without its indentation there may be room
+                continue;
+            }
+            if (isTooLong)
                 end = fits >= LongestFigure ? fits : std::min(rest.find(' ', word), rest.size());
             lines.emplace_back(rest.substr(0, end));
             const std::size_t next = rest.find_first_not_of(' ', end);
@@ -310,6 +317,7 @@ void DrawWords(Device& On, const DeviceRect& Box, std::string_view Text, const T
 {
     std::string words(Text);
     std::ranges::replace(words, '\t', ' ');
+    words.erase(words.find_last_not_of(" \r\n") + 1);
     DrawLayout(On, Box, FittedInto(On, Box, Style, [&](Layout& layout, int room) {
         layout.IsWhole = AddWords(On, layout, {}, 0, words, Box.Width(), std::max(1, room));
     }));

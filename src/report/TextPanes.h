@@ -13,7 +13,7 @@ inline constexpr const char* MoreFollows = "...";
 struct TextPane {
     std::vector<std::string> Rows{}; // from the top; an empty one takes a line all the same
     std::vector<int> TabStops{}; // average characters
-    bool Wraps = false; // at blanks, instead of ending at the pane's edge
+    bool Wraps = false; // its rows go on below themselves, at blanks
     bool IsWhole = true; // else the last row is MoreFollows
 };
 

@@ -231,8 +231,8 @@ int LabelEdge(int axis, const DeviceRect& plot, int tickRoom, int unit)
     }
 }
 
-// The ticks whose labels can be drawn without touching each other: every so manieth, and both ends,
-// so that the range of the scale is to be read.
+// The ticks whose labels can be drawn without touching each other: every so manieth, and both ends
+// where both have room, so that the range of the scale is to be read.
 std::vector<int> LabelledTicks(const TickRow& ticks, const std::vector<DeviceSize>& sizes,
     bool isVertical, TextRotation rotation)
 {

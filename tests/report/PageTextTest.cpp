@@ -79,6 +79,9 @@ TEST_F(PageText, WordsWrapAndKeepTheirOwnLineEnds)
         << "at a whole character";
     EXPECT_THAT(WrapWords(device, "one two three four", 80, 2), ElementsAre("one two", "three"));
     EXPECT_THAT(WrapWords(device, " 0.25 mm", 40), ElementsAre(" 0.25", "mm"));
+    EXPECT_THAT(WrapWords(device, "a:\n" + std::string(24, ' ') + "-0.123456 waves and so on", 300),
+        ElementsAre("a:", " -0.123456 waves and so on"))
+        << "an indentation goes before a figure does";
     EXPECT_THAT(WrapWords(device, "   ", 20), ElementsAre("   "));
     EXPECT_THAT(WrapWords(device, "", 80), ElementsAre(""));
 }
@@ -126,6 +129,9 @@ TEST_F(PageText, TheFontShrinksUntilAllRowsFit)
             {{"RMS\t0.1", "by\t" + remark, "", "Data\t9"}, {5}}, {350, 5 * 24},
             {"0,0 RMS", "50,0 0.1", "0,24 by", "50,24 " + remark.substr(0, 30),
                 "50,48 " + remark.substr(0, 27) + "...", "0,96 Data", "50,96 9"}},
+        {"nor does one that only a tiny size holds make them tiny",
+            {{"RMS\t0.1 waves", "by\t" + remark.substr(0, 120)}, {5}}, {350, 2 * 24},
+            {"0,0 RMS", "50,0 0.1 waves", "0,24 by", "50,24 " + remark.substr(0, 27) + "..."}},
         {"a figure is not cut for it", {{"RMS\t 0.123 waves", "by\t" + remark}, {5}}, {150, 24},
             {"0,0 RMS", "25,0  0.123 waves", "0,12 by", "25,12 " + remark.substr(0, 22) + "..."}},
         {"too narrow for 5 points", {{"RMS\t0.1\t0.2\t0.3"}, {4, 8}}, {52, 48},
@@ -152,6 +158,10 @@ TEST_F(PageText, WordsThatNoSizeHoldsAreCutInTheirOwn)
     device.Calls.clear();
     DrawWords(device, {0, 0, 80, 24}, text, style); // 9 letters of 8 points, which are 8 wide
     EXPECT_THAT(Drawn(), ElementsAre("0,0 Comment...")) << "where its words fit";
+
+    device.Calls.clear();
+    DrawWords(device, {0, 0, 200, 24}, "all fits\r\n\r\n", style);
+    EXPECT_THAT(Drawn(), ElementsAre("0,0 all fits"));
 }
 
 struct CountingDevice : RecordingDevice {
@@ -194,6 +204,13 @@ TEST(PageTextSpeed, LongTextsInLargeFontsAreNotMeasuredWhole)
             DrawTextPane(device, {0, 0, 2000, 1800}, [&] { return c.Pane; }, {.Size = size});
             EXPECT_LT(device.Times, mostTimes) << c.Name << " in " << size;
             EXPECT_LT(device.Bytes, mostBytes) << c.Name << " in " << size;
+        }
+    for (const std::string& text : {words, word, std::string(length, ' ') + word, lineEnds + word})
+        for (const DeviceRect& box : {DeviceRect{0, 0, 2000, 1800}, DeviceRect{0, 0, 0, 0}}) {
+            CountingDevice device;
+            DrawWords(device, box, text, {.Size = 72});
+            EXPECT_LT(device.Times, mostTimes) << text.substr(0, 8);
+            EXPECT_LT(device.Bytes, mostBytes) << text.substr(0, 8);
         }
 }
 
